@@ -1,0 +1,61 @@
+// MainForm: all that is alive for the whole run, grouped by the subsystem that owns it. Data
+// only; the routines are free functions of their subsystems.
+#pragma once
+
+#include <string>
+
+#include "app/settings_state.hpp"
+#include "app/window_controls.hpp"
+#include "contents/contents_state.hpp"
+#include "documents/outline_state.hpp"
+#include "editor/editor_state.hpp"
+#include "platform/failure.hpp"
+#include "platform/profile_store.hpp"
+#include "platform/screen.hpp"
+#include "platform/surfaces.hpp"
+#include "platform/text_files.hpp"
+#include "project/project_state.hpp"
+
+namespace quorrel {
+
+struct MainForm {
+    /// The services outlive the form. `settings_folder` is a Windows path without a backslash at
+    /// its end.
+    MainForm(FileSystem& files_, Screen& screen_, EditSurface& surface,
+             const std::string& settings_folder, MachineCodePage code_page = CodePageOfMachine())
+        : files(files_),
+          screen(screen_),
+          DHTMLEdit1(surface),
+          log([this](std::string_view line) {
+              try {
+                  files.WriteFile("QRJavaHelp.log", std::string(line) + "\r\n");
+              } catch (const RuntimeError&) {
+                  // A log that cannot be written is no reason to stop.
+              }
+          }),
+          texts(files_, code_page),
+          machine_texts(files_, code_page),
+          profiles(texts, settings_folder),
+          machine_profiles(machine_texts, settings_folder) {}
+
+    FileSystem& files;
+    Screen& screen;
+    EditSurface& DHTMLEdit1;
+    ErrorLog log;
+    TextFiles texts;          // of the open project, in its encodings
+    TextFiles machine_texts;  // of the machine, whatever project is open
+    ProfileStore profiles;
+    ProfileStore machine_profiles;
+
+    SettingsState settings;
+    RecentProjects recent;
+    ProjectState project;
+    TopicTables topics;
+    ContentsState contents;
+    KeywordState keywords;
+    OutlineState outline;
+    EditorState editor;
+    WindowControls window;
+};
+
+}  // namespace quorrel

@@ -1,0 +1,56 @@
+#include "contents/open_contents_item.hpp"
+
+#include "app/main_form.hpp"
+#include "contents/node_data.hpp"
+#include "editor/load_file.hpp"
+#include "platform/text.hpp"
+
+namespace quorrel {
+
+void OpenTOCItem(MainForm& main) {
+    const TreeNode* node = main.contents.Tree1.SelectedItem();
+    if (node == nullptr) return;
+    const NodeData data = UnpackNodeData(node->Tag);
+    if (data.location.empty()) return;
+    if (Contains(data.location, "http:")) {
+        main.screen.ShowMessage({"This item is linked to the remote URL: " + data.location,
+                                 main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kNone});
+        return;
+    }
+    std::string path = data.location.substr(0, data.location.find('#'));
+    if (!Contains(path, ":")) path.insert(0, main.project.proj_path + "\\");
+    main.editor.new_main_path = std::move(path);
+    LoadFile(main);
+}
+
+void Tree1_NodeClick(MainForm& main) {
+    TreeView& tree = main.contents.Tree1;
+    TreeNode* node = tree.SelectedItem();
+    if (node == nullptr) return;
+    if (node->Image != node_image::kPage) {
+        node->Image = node->Expanded ? node_image::kOpenBook : node_image::kClosedBook;
+        node->SelectedImage = node->Image;
+        tree.node_changed.Emit(*node);
+    }
+    OpenTOCItem(main);
+}
+
+void OpenFirstContentsItem(MainForm& main) {
+    TreeView& tree = main.contents.Tree1;
+    constexpr std::size_t kShortestLocation = 2;
+    for (int i = 1;; ++i) {
+        TreeNode& node = tree.At(i);
+        const std::string location = UnpackNodeData(node.Tag).location;
+        if (CountCharacters(location) < kShortestLocation) continue;
+        tree.Select(&node);
+        tree.EnsureVisible(node);
+        ProjectState& project = main.project;
+        if (project.project_def_topic.empty() && project.help_mode == 1) {
+            project.project_def_topic = location;
+        }
+        Tree1_NodeClick(main);
+        return;
+    }
+}
+
+}  // namespace quorrel

@@ -1,0 +1,283 @@
+#include "formats/htmlhelp/hhc.hpp"
+
+#include <array>
+
+#include "app/main_form.hpp"
+#include "contents/node_data.hpp"
+#include "formats/htmlhelp/sitemap.hpp"
+#include "platform/text.hpp"
+#include "platform/unicode.hpp"
+#include "project/paths.hpp"
+
+namespace quorrel {
+namespace {
+
+/// The node numbers by level, with the bounds of the format: level 31 has no place.
+class ParentNumbers {
+  public:
+    int& At(int level) {
+        if (level < 0 || level >= static_cast<int>(numbers_.size())) {
+            throw RuntimeError(run_time_error::kSubscriptOutOfRange);
+        }
+        return numbers_[static_cast<std::size_t>(level)];
+    }
+
+  private:
+    std::array<int, 31> numbers_{};
+};
+
+/// The state of the scan over one file.
+class ContentsReader {
+  public:
+    ContentsReader(const ContentsSource& source, TreeView& tree) : source_(source), tree_(tree) {}
+
+    void TakeLine(std::string_view line) {
+        // A line without a tag can only be a stretch between tags.
+        const bool has_tag = Contains(line, "<");
+        if (node_count_ > 0 && has_tag) {
+            if (ContainsIgnoringAsciiCase(line, "<UL")) ++level_;
+            if (ContainsIgnoringAsciiCase(line, "</UL")) --level_;
+        }
+        source_.trap([&] { parents_.At(level_) = node_count_; });
+        if (in_entry_) TakeParam(line);
+        if (!has_tag) return;
+        if (ContainsIgnoringAsciiCase(line, "</OBJECT>")) {
+            if (have_node_) FinishNode();
+            in_entry_ = false;
+        }
+        // Last, so that params on the line of "<LI" are not read.
+        if (ContainsIgnoringAsciiCase(line, "<LI")) in_entry_ = true;
+    }
+
+  private:
+    /// The fields of the entry at hand.
+    struct Entry {
+        std::string frame = {}, window = {}, new_mark = {}, image_number = {};
+        std::string location = {}, alias = {}, kept_lines = {};
+        bool local_seen = false;
+    };
+
+    void TakeParam(std::string_view line) {
+        const SitemapParam param = ReadSitemapParam(line);
+        if (param.name.empty() || param.value.empty()) return;
+        const std::string name = UpperAscii(param.name);
+        bool handled = false;
+        if (name == "NAME") {
+            AddNode(param.value);
+            handled = true;
+        }
+        if (have_node_) handled = TakeField(name, param.value) || handled;
+        const bool is_local = name == "LOCAL";
+        // Of several locations the first counts; the others are kept like unknown params.
+        const bool is_further_local = is_local && have_node_ && entry_.local_seen;
+        if ((!is_local && !handled) || is_further_local) {
+            entry_.kept_lines.append(line).append(kLineEnd);
+        }
+        if (is_local && have_node_ && !entry_.local_seen) TakeLocation(param.value);
+    }
+
+    void AddNode(const std::string& text) {
+        node_ = nullptr;
+        source_.trap([&] {
+            TreeNode* parent = level_ == 1 ? nullptr : &tree_.At(parents_.At(level_ - 1));
+            node_ = &tree_.Add(parent, NodeRelation::kChild, text, node_image::kPage,
+                               node_image::kPage);
+            if (parent != nullptr) parent->Image = parent->SelectedImage = node_image::kClosedBook;
+        });
+        have_node_ = true;
+        // The alias stays: an entry without a location has that of the entry before.
+        entry_ = Entry{.alias = std::move(entry_.alias)};
+        // Also for an entry that could not be placed.
+        ++node_count_;
+    }
+
+    bool TakeField(std::string_view name, const std::string& value) {
+        if (name == "FRAMENAME") {
+            entry_.frame = value;
+        } else if (name == "WINDOWNAME") {
+            entry_.window = value;
+        } else if (name == "NEW") {
+            entry_.new_mark = value;
+        } else if (name == "IMAGENUMBER") {
+            entry_.image_number = value;
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+    void TakeLocation(std::string_view value) {
+        entry_.local_seen = true;
+        entry_.location = MakeFullPathRel(value, source_.file);
+        entry_.alias.clear();
+        if (const ListRow* topic =
+                source_.ListTopics.LastWith(topic_cell::kFullPath, entry_.location)) {
+            entry_.alias = topic->SubItems(topic_cell::kMapId);
+        }
+        if (source_.is_javahelp_edition && entry_.alias.empty()) {
+            entry_.alias = ToIdentifier(AfterLast(entry_.location, '\\'));
+            source_.ListAliases.Add(entry_.alias).SetSubItem(alias_cell::kPath, entry_.location);
+        }
+    }
+
+    void FinishNode() {
+        std::string comma_text;
+        if (!source_.is_javahelp_edition) {
+            comma_text = entry_.image_number;
+            for (const std::string* part :
+                 {&entry_.frame, &entry_.window, &entry_.new_mark, &entry_.kept_lines}) {
+                comma_text.append(",").append(*part);
+            }
+        }
+        if (node_ != nullptr) node_->Tag = PackNodeData(entry_.location, entry_.alias, comma_text);
+        have_node_ = false;
+    }
+
+    const ContentsSource& source_;
+    TreeView& tree_;
+    ParentNumbers parents_;
+    int level_ = 1;
+    int node_count_ = 0;
+    bool in_entry_ = false;
+    bool have_node_ = false;
+    TreeNode* node_ = nullptr;
+    Entry entry_;
+};
+
+/// The comma text taken apart. A part whose comma is missing keeps what the node before had.
+struct CommaText {
+    std::string image_number, frame, window, new_mark, kept_lines;
+
+    void Take(std::string_view extra) {
+        for (std::string* part : {&image_number, &frame, &window, &new_mark}) {
+            const std::size_t comma = extra.find(',');
+            if (comma == npos) return;
+            *part = extra.substr(0, comma);
+            extra.remove_prefix(comma + 1);
+        }
+        kept_lines = extra;
+    }
+};
+
+class ContentsWriter {
+  public:
+    explicit ContentsWriter(std::string_view proj) : proj_(proj) {}
+
+    [[nodiscard]] const std::string& Text() const { return text_; }
+
+    void WriteNode(const TreeNode& node, int level) {
+        const std::string indent = SitemapIndent(level);
+        const NodeData data = UnpackNodeData(node.Tag);
+        Line(indent, "<LI><OBJECT type=\"text/sitemap\">");
+        std::string caption = ReplaceAll(TrimLeft(node.Text), "<", "&lt;");
+        caption = ReplaceAll(ReplaceAll(caption, ">", "&gt;"), "\"", "%22");
+        AppendSitemapParam(text_, indent, "Name", caption);
+        if (!data.location.empty()) {
+            AppendSitemapParam(text_, indent, "Local", MakeRelPathRel(data.location, proj_));
+        }
+        if (!data.extra.empty()) WriteExtra(data.extra, indent);
+        Line(indent, "     </OBJECT>");
+        if (node.Children() == 0) return;
+        Line(indent, "<UL>");
+        for (int row = 0; row < node.Children(); ++row) WriteNode(*node.ChildAt(row), level + 1);
+        Line(indent, "</UL>");
+    }
+
+  private:
+    void Line(std::string_view indent, std::string_view line) {
+        text_.append(indent).append(line).append(kLineEnd);
+    }
+
+    void WriteExtra(std::string_view extra, const std::string& indent) {
+        comma_.Take(extra);
+        const std::string_view new_mark =
+            comma_.new_mark == "0" ? std::string_view{} : std::string_view(comma_.new_mark);
+        const std::pair<std::string_view, std::string_view> params[] = {
+            {"FrameName", comma_.frame},
+            {"WindowName", comma_.window},
+            {"New", new_mark},
+            {"ImageNumber", comma_.image_number}};
+        for (const auto& [name, value] : params) {
+            if (!value.empty()) AppendSitemapParam(text_, indent, name, value);
+        }
+        constexpr std::size_t kWorthKeeping = 10;
+        if (CountCharacters(comma_.kept_lines) > kWorthKeeping) text_ += comma_.kept_lines;
+    }
+
+    std::string_view proj_;
+    CommaText comma_;
+    std::string text_;
+};
+
+}  // namespace
+
+void ReadContents(std::string_view text, const ContentsSource& source, TreeView& tree,
+                  std::string& site_properties) {
+    ContentsReader reader(source, tree);
+    TextLines lines(text);
+    while (!lines.AtEnd()) {
+        std::string_view line = lines.ReadLine();
+        ReadSiteProperties(line, lines, site_properties, source.trap);
+        reader.TakeLine(line);
+    }
+}
+
+std::string WriteContents(const TreeView& tree, std::string_view site_properties,
+                          std::string_view proj) {
+    ContentsWriter writer(proj);
+    for (const TreeNode* root : tree.Roots()) writer.WriteNode(*root, 1);
+    return SitemapHead(site_properties).append(writer.Text()).append(SitemapTail());
+}
+
+namespace {
+
+void ReadTreeFile(MainForm& main, const std::string& file, std::string_view status, TreeView& tree,
+                  std::string& site_properties) {
+    const Trap trap(main.log, "MainForm ReadTOC: ");
+    tree.Clear();
+    site_properties.clear();
+    main.window.StatusBar1.SetPanel(1, std::string(status));
+    std::string text;
+    if (!trap([&] { text = main.texts.Read(file); })) return;
+    const ContentsSource source{file, main.settings.is_javahelp_edition, main.topics.ListTopics,
+                                main.topics.ListAliases, trap};
+    ReadContents(text, source, tree, site_properties);
+}
+
+/// The label is that of another routine, as the log file has always had it.
+void WriteTreeFile(MainForm& main, const std::string& file, const TreeView& tree,
+                   std::string_view site_properties) {
+    const Trap trap(main.log, "MainForm JavaWriteTOC: ");
+    const std::string text = WriteContents(tree, site_properties, main.project.proj);
+    main.texts.WriteAndSwap(file, text, Backup::kKept, trap);
+}
+
+}  // namespace
+
+void ReadTOC(MainForm& main) {
+    ReadTreeFile(main, main.project.hhcfile, "Reading Table of Contents...", main.contents.Tree1,
+                 main.contents.site_properties_toc);
+}
+
+void HTMLWriteTOC(MainForm& main) {
+    if (!main.contents.toc_dirty) return;
+    main.contents.toc_dirty = false;
+    std::string& file = main.project.hhcfile;
+    if (file.empty()) file = std::string(BaseName(main.project.proj)) + ".hhc";
+    WriteTreeFile(main, file, main.contents.Tree1, main.contents.site_properties_toc);
+}
+
+void ReadDocOutline(MainForm& main) {
+    ReadTreeFile(main, main.outline.doc_outline, "Reading Printed Document Outline...",
+                 main.outline.TreeDoc, main.outline.site_properties_doc);
+}
+
+void WriteDocOutline(MainForm& main) {
+    if (!main.outline.doc_dirty) return;
+    main.outline.doc_dirty = false;
+    std::string& file = main.outline.doc_outline;
+    if (file.empty()) file = std::string(BaseName(main.project.proj)) + ".out";
+    WriteTreeFile(main, file, main.outline.TreeDoc, main.outline.site_properties_doc);
+}
+
+}  // namespace quorrel

@@ -1,0 +1,209 @@
+#include "formats/htmlhelp/hhk.hpp"
+
+#include "app/main_form.hpp"
+#include "formats/htmlhelp/sitemap.hpp"
+#include "platform/text.hpp"
+#include "project/keyword_cell.hpp"
+#include "project/paths.hpp"
+#include "project/topic_path_finder.hpp"
+
+namespace quorrel {
+namespace {
+
+constexpr std::string_view kSeeAlso = "SEE ALSO:";
+constexpr std::string_view kGroupEnd = ";:";
+
+/// All indents of one file together; a file that nests without end would fill the memory.
+constexpr std::size_t kIndentBudget = std::size_t{256} << 20;
+
+/// The state of the scan over one file.
+class KeywordReader {
+  public:
+    KeywordReader(std::string_view proj_path, ListView& ListKeywords, ListView& ListTopics,
+                  const Trap& trap)
+        : proj_path_(proj_path), keywords_(ListKeywords), finder_(ListTopics), trap_(trap) {}
+
+    void TakeLine(std::string_view line) {
+        const bool has_tag = Contains(line, "<");
+        if (count_ > 0 && has_tag) {
+            if (ContainsIgnoringAsciiCase(line, "<UL")) {
+                ++level_;
+                parent_ = last_key_;
+            }
+            if (ContainsIgnoringAsciiCase(line, "</UL")) --level_;
+        }
+        if (in_entry_) TakeParam(line);
+        if (!has_tag) return;
+        if (ContainsIgnoringAsciiCase(line, "</OBJECT>")) FinishEntry();
+        if (ContainsIgnoringAsciiCase(line, "<LI")) first_name_ = in_entry_ = true;
+    }
+
+  private:
+    void TakeParam(std::string_view line) {
+        const SitemapParam param = ReadSitemapParam(line);
+        if (param.name.empty() || param.value.empty()) return;
+        const std::string name = UpperAscii(param.name);
+        if (first_name_) {
+            if (name == "NAME") AddKeyword(param.value);
+        } else if (name == "NAME") {
+            pending_ += param.value;
+        } else if (name == "SEE ALSO") {
+            pending_.append(kSeeAlso).append(" ").append(param.value).append(">");
+        } else if (name == "LOCAL") {
+            AddTarget(param.value);
+        }
+    }
+
+    void AddKeyword(const std::string& value) {
+        std::string indent;
+        prefix_.clear();
+        if (level_ > 1) {
+            indent = Indent();
+            prefix_.append(parent_).append(kSubKeyMark);
+        }
+        last_key_ = value;
+        row_ = &keywords_.Add(indent + value);
+        row_->SetSubItem(keyword_cell::IDX_FULLKEY, prefix_ + value);
+        first_name_ = false;
+        pending_.clear();
+        ++count_;
+    }
+
+    /// Three blanks a level. A file that has used up the budget gets two levels from then on.
+    std::string Indent() {
+        std::size_t size = static_cast<std::size_t>(level_) * 3;
+        const bool affordable = trap_([&] {
+            if (size > kIndentBudget - indents_) throw std::bad_alloc();
+        });
+        if (!affordable) size = 6;
+        indents_ += affordable ? size : 0;
+        return std::string(size, ' ');
+    }
+
+    void AddTarget(const std::string& value) {
+        std::string path;
+        if (!Contains(value, ":")) {
+            path = proj_path_;
+            if (!value.starts_with('\\')) path += '\\';
+        }
+        path += value;
+        pending_.append(">").append(path).append(kGroupEnd);
+        if (ListRow* topic = finder_.Find(path)) cells_.Append(*topic, prefix_ + last_key_);
+    }
+
+    void FinishEntry() {
+        if (!first_name_ && row_ != nullptr) {
+            row_->SetSubItem(keyword_cell::IDX_TITLEPATH, pending_);
+        }
+        pending_.clear();
+        in_entry_ = false;
+    }
+
+    std::string_view proj_path_;
+    ListView& keywords_;
+    TopicPathFinder finder_;
+    const Trap& trap_;
+    KeywordCells cells_;
+    std::size_t indents_ = 0;
+    int level_ = 1;
+    int count_ = 0;
+    bool first_name_ = true;
+    bool in_entry_ = false;
+    ListRow* row_ = nullptr;
+    std::string pending_, parent_, last_key_, prefix_;
+};
+
+class KeywordWriter {
+  public:
+    explicit KeywordWriter(std::string_view proj) : proj_(proj) {}
+
+    void WriteRow(const ListRow& row) {
+        const bool is_sub_entry = row.Text().starts_with("  ");
+        if (is_sub_entry && level_ == 1) {
+            text_.append(SitemapIndent(1)).append("<UL>").append(kLineEnd);
+            level_ = 2;
+        } else if (!is_sub_entry && level_ == 2) {
+            level_ = 1;
+            text_.append(SitemapIndent(1)).append("</UL>").append(kLineEnd);
+        }
+        const std::string indent = SitemapIndent(level_);
+        const std::string_view keyword = TrimLeft(row.Text());
+        text_.append(indent).append("<LI><OBJECT type=\"text/sitemap\">").append(kLineEnd);
+        AppendSitemapParam(text_, indent, "Name", keyword);
+        WriteTargets(row.SubItems(keyword_cell::IDX_TITLEPATH), keyword, indent);
+        text_.append(indent).append("</OBJECT>").append(kLineEnd);
+    }
+    [[nodiscard]] const std::string& Text() const { return text_; }
+
+  private:
+    void WriteTargets(std::string_view targets, std::string_view keyword,
+                      const std::string& indent) {
+        if (targets.empty()) {
+            // A keyword that leads nowhere refers to itself.
+            AppendSitemapParam(text_, indent, "See Also",
+                               TrimLeft(keyword.substr(0, keyword.find('>'))));
+            return;
+        }
+        if (const std::size_t at = targets.find(kSeeAlso); at != npos) {
+            std::string_view target = targets.substr(at + kSeeAlso.size());
+            target = TrimLeft(target.substr(0, target.find('>')));
+            AppendSitemapParam(text_, indent, "See Also", target);
+            return;
+        }
+        while (!targets.empty()) {
+            const std::size_t end = targets.find(kGroupEnd);
+            const std::string_view group = targets.substr(0, end);
+            targets.remove_prefix(end == npos ? targets.size() : end + kGroupEnd.size());
+            const std::size_t mark = group.find('>');
+            if (mark == npos) continue;
+            AppendSitemapParam(text_, indent, "Name", group.substr(0, mark));
+            AppendSitemapParam(text_, indent, "Local",
+                               MakeRelPathRel(group.substr(mark + 1), proj_));
+        }
+    }
+
+    std::string_view proj_;
+    int level_ = 1;
+    std::string text_;
+};
+
+}  // namespace
+
+void ReadKeywords(std::string_view text, std::string_view proj_path, KeywordState& keywords,
+                  ListView& ListTopics, const Trap& trap) {
+    KeywordReader reader(proj_path, keywords.ListKeywords, ListTopics, trap);
+    TextLines lines(text);
+    while (!lines.AtEnd()) {
+        std::string_view line = lines.ReadLine();
+        ReadSiteProperties(line, lines, keywords.site_properties_index, trap);
+        reader.TakeLine(line);
+    }
+}
+
+std::string WriteKeywords(const KeywordState& keywords, std::string_view proj) {
+    KeywordWriter writer(proj);
+    const ListView& table = keywords.ListKeywords;
+    for (int i = 1; i <= table.Count(); ++i) writer.WriteRow(table.At(i));
+    return SitemapHead(keywords.site_properties_index).append(writer.Text()).append(SitemapTail());
+}
+
+void ReadIndex(MainForm& main) {
+    const Trap trap(main.log, "MainForm ReadIndex: ");
+    main.window.StatusBar1.SetPanel(1, "Reading Index...");
+    main.keywords.ListKeywords.Clear();
+    main.keywords.site_properties_index.clear();
+    std::string text;
+    if (!trap([&] { text = main.texts.Read(main.project.hhkfile); })) return;
+    ReadKeywords(text, main.project.proj_path, main.keywords, main.topics.ListTopics, trap);
+}
+
+void HTMLWriteIndex(MainForm& main) {
+    const Trap trap(main.log, "MainForm HTMLWriteIndex: ");
+    main.keywords.index_dirty = false;
+    std::string& file = main.project.hhkfile;
+    if (file.empty()) file = std::string(BaseName(main.project.proj)) + ".hhk";
+    main.texts.WriteAndSwap(file, WriteKeywords(main.keywords, main.project.proj), Backup::kKept,
+                            trap);
+}
+
+}  // namespace quorrel

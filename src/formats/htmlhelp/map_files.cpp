@@ -1,0 +1,170 @@
+#include "formats/htmlhelp/map_files.hpp"
+
+#include <algorithm>
+#include <optional>
+
+#include "app/main_form.hpp"
+#include "platform/text.hpp"
+#include "platform/text_lines.hpp"
+#include "project/paths.hpp"
+
+namespace quorrel {
+namespace {
+
+constexpr std::string_view kInclude = "#include";
+constexpr std::string_view kDefine = "#define";
+
+/// The first blank from `from` on or, only where there is none at all, the first tab.
+std::size_t FindSeparator(std::string_view line, std::size_t from) {
+    const std::size_t blank = line.find(' ', from);
+    return blank != npos ? blank : line.find('\t', from);
+}
+
+/// The file name of an #include line: in double quotes, in angle brackets, or bare.
+std::optional<std::string> IncludedFile(std::string_view line) {
+    const std::size_t at = line.find(kInclude);
+    if (at == npos) return std::nullopt;
+    const std::size_t separator = FindSeparator(line, at + kInclude.size());
+    if (separator == npos) return std::nullopt;
+    std::string_view name = line.substr(separator + 1);
+    if (const std::size_t quote = name.find('"'); quote != npos) {
+        name.remove_prefix(quote + 1);
+        name = name.substr(0, name.find('"'));
+    }
+    if (const std::size_t open = name.find('<'); open != npos) name.remove_prefix(open + 1);
+    return std::string(name.substr(0, name.find('>')));
+}
+
+struct Definition {
+    std::string_view alias;
+    std::string_view value;
+};
+
+std::optional<Definition> ParseDefine(std::string_view line) {
+    const std::size_t define = line.find(kDefine);
+    if (define == npos) return std::nullopt;
+    const std::size_t separator = FindSeparator(line, define + kDefine.size());
+    if (separator == npos) return std::nullopt;
+    const std::size_t start = line.find_first_not_of(" \t", separator);
+    if (start == npos) return std::nullopt;
+    const std::size_t end = FindSeparator(line, start);
+    if (end == npos) return std::nullopt;
+    const std::size_t value = line.find_first_not_of(" \t", end);
+    return Definition{Trim(line.substr(start, end - start)),
+                      value == npos ? std::string_view{} : Trim(line.substr(value))};
+}
+
+std::string_view FolderWithBackslash(std::string_view proj) {
+    return proj.substr(0, proj.rfind('\\') + 1);
+}
+
+std::string AliasFileOf(std::string_view proj) {
+    return std::string(BaseName(proj)) + ".ali";
+}
+
+}  // namespace
+
+MapFileNames FindMapFiles(std::string_view hhp_text) {
+    MapFileNames names;
+    bool in_alias = false;
+    bool in_map = false;
+    TextLines lines(hhp_text);
+    while (!lines.AtEnd()) {
+        const std::string_view line = lines.ReadLine();
+        if (Contains(line, "[")) {
+            in_alias = ContainsIgnoringAsciiCase(line, "[ALIAS]");
+            in_map = ContainsIgnoringAsciiCase(line, "[MAP]");
+        }
+        if (!in_alias && !in_map) continue;
+        if (const auto file = IncludedFile(line)) {
+            if (in_alias) names.alias_file = *file;
+            if (in_map) names.map_file = *file;
+        }
+    }
+    return names;
+}
+
+void ReadAliases(std::string_view text, std::string_view proj, ListView& ListTopics) {
+    TextLines lines(text);
+    while (!lines.AtEnd()) {
+        const std::string_view line = lines.ReadLine();
+        const std::size_t equals = line.find('=');
+        if (equals == npos) continue;
+        const std::string_view alias = Trim(line.substr(0, equals));
+        const std::string_view file = TrimLeft(line.substr(equals + 1));
+        if (alias.empty() || file.empty()) continue;
+        ListRow* topic = ListTopics.FirstWith(topic_cell::kFullPath, MakeFullPathRel(file, proj));
+        if (topic != nullptr) topic->SetSubItem(topic_cell::kMapId, std::string(alias));
+    }
+}
+
+void ReadMapHeader(std::string_view text, ListView& ListTopics, std::int64_t& next_integer) {
+    TextLines lines(text);
+    while (!lines.AtEnd()) {
+        const auto definition = ParseDefine(lines.ReadLine());
+        if (!definition) continue;
+        next_integer = std::max(next_integer, LeadingNumber(definition->value));
+        if (definition->alias.empty() || definition->value.empty()) continue;
+        ListRow* topic = ListTopics.FirstWith(topic_cell::kMapId, definition->alias);
+        if (topic != nullptr)
+            topic->SetSubItem(topic_cell::kInteger, std::string(definition->value));
+    }
+}
+
+std::string WriteAliases(const ListView& ListTopics, std::string_view proj) {
+    std::string text;
+    for (int i = 1; i <= ListTopics.Count(); ++i) {
+        const ListRow& topic = ListTopics.At(i);
+        text.append(topic.SubItems(topic_cell::kMapId)).append("=");
+        text.append(MakeRelPathRel(topic.SubItems(topic_cell::kFullPath), proj)).append(kLineEnd);
+    }
+    return text;
+}
+
+std::string WriteMapHeader(const ListView& ListTopics) {
+    std::string text;
+    for (int i = 1; i <= ListTopics.Count(); ++i) {
+        const ListRow& topic = ListTopics.At(i);
+        const std::string& alias = topic.SubItems(topic_cell::kMapId);
+        const std::string& number = topic.SubItems(topic_cell::kInteger);
+        if (alias.empty() || number.empty()) continue;
+        text.append(kDefine).append(" ").append(alias).append(" ").append(number).append(kLineEnd);
+    }
+    return text;
+}
+
+void ReadHTMLMapFiles(MainForm& main) {
+    // The label is that of the JavaHelp routine, as the log file has always had it.
+    const Trap trap(main.log, "MainForm ReadJavaMapFile: ");
+    main.window.StatusBar1.SetPanel(1, "Reading Map Files...");
+    ProjectState& project = main.project;
+    const std::string folder(FolderWithBackslash(project.proj));
+    std::string text;
+    if (trap([&] { text = main.texts.Read(project.proj); })) {
+        MapFileNames names = FindMapFiles(text);
+        if (!names.map_file.empty()) project.java_map_file = std::move(names.map_file);
+        if (!names.alias_file.empty() &&
+            trap([&] { text = main.texts.Read(folder + names.alias_file); })) {
+            ReadAliases(text, project.proj, main.topics.ListTopics);
+        }
+    }
+    if (project.java_map_file.empty()) return;
+    project.java_map_file.insert(0, folder);
+    if (trap([&] { text = main.texts.Read(project.java_map_file); })) {
+        ReadMapHeader(text, main.topics.ListTopics, project.next_integer);
+    }
+}
+
+void HTMLWriteMapFile(MainForm& main) {
+    const Trap trap(main.log, "MainForm JavaWriteMapFile: ");
+    ProjectState& project = main.project;
+    const ListView& topics = main.topics.ListTopics;
+    main.texts.WriteAndSwap(AliasFileOf(project.proj), WriteAliases(topics, project.proj),
+                            Backup::kNone, trap);
+    if (project.java_map_file.empty()) {
+        project.java_map_file = std::string(BaseName(project.proj)) + ".h";
+    }
+    main.texts.WriteAndSwap(project.java_map_file, WriteMapHeader(topics), Backup::kNone, trap);
+}
+
+}  // namespace quorrel

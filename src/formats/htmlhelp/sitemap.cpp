@@ -1,0 +1,55 @@
+#include "formats/htmlhelp/sitemap.hpp"
+
+#include "platform/text.hpp"
+#include "project/tag_value.hpp"
+
+namespace quorrel {
+
+SitemapParam ReadSitemapParam(std::string_view line) {
+    SitemapParam param;
+    param.name = TagValue(line, 1, "NAME", "", TagMode::kRead);
+    if (!param.name.empty()) param.value = TagValue(line, 1, "VALUE", "", TagMode::kRead);
+    return param;
+}
+
+void ReadSiteProperties(std::string_view& line, TextLines& lines, std::string& properties,
+                        const Trap& trap) {
+    if (!ContainsIgnoringAsciiCase(line, "<OBJECT") ||
+        !ContainsIgnoringAsciiCase(line, "TEXT/SITE PROPERTIES")) {
+        return;
+    }
+    properties.append(line).append(kLineEnd);
+    while (!ContainsIgnoringAsciiCase(line, "</OBJECT")) {
+        if (!trap([&] { line = lines.ReadLine(); })) return;
+        properties.append(line).append(kLineEnd);
+    }
+}
+
+std::string SitemapHead(std::string_view properties) {
+    std::string head =
+        "<!DOCTYPE HTML PUBLIC \"-//IETF//DTD HTML//EN\">\r\n"
+        "<HTML>\r\n"
+        "<HEAD>\r\n"
+        "<!-- Sitemap 1.0 -->\r\n"
+        "</HEAD><BODY>\r\n"
+        "<UL>\r\n";
+    constexpr std::size_t kWorthKeeping = 20;
+    if (CountCharacters(properties) > kWorthKeeping) head += properties;
+    return head;
+}
+
+std::string_view SitemapTail() {
+    return "</UL>\r\n</BODY></HTML>\r\n";
+}
+
+std::string SitemapIndent(int level) {
+    return std::string(static_cast<std::size_t>(level) * 5, ' ');
+}
+
+void AppendSitemapParam(std::string& text, std::string_view indent, std::string_view name,
+                        std::string_view value) {
+    text.append(indent).append("    <param name=\"").append(name).append("\" value=\"");
+    text.append(value).append("\">").append(kLineEnd);
+}
+
+}  // namespace quorrel

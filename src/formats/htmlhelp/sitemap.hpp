@@ -1,0 +1,37 @@
+// What the contents and the index file share: both are sitemaps, a dialect of HTML that is read
+// line by line.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/failure.hpp"
+#include "platform/text_lines.hpp"
+
+namespace quorrel {
+
+/// A name and value of a <param> line; each is empty where the line has none.
+struct SitemapParam {
+    std::string name;
+    std::string value;
+};
+[[nodiscard]] SitemapParam ReadSitemapParam(std::string_view line);
+
+/// If `line` opens a site-properties object, appends it and the lines up to its end to
+/// `properties`, each with CR LF; `line` is the last of them then. An object without an end takes
+/// the rest of the file, and the trap's log gets the end of the file as a failure.
+void ReadSiteProperties(std::string_view& line, TextLines& lines, std::string& properties,
+                        const Trap& trap);
+
+/// The lines before the first entry; `properties` of 20 characters or fewer are left out.
+[[nodiscard]] std::string SitemapHead(std::string_view properties);
+/// The lines behind the last entry.
+[[nodiscard]] std::string_view SitemapTail();
+
+/// Five blanks a level.
+[[nodiscard]] std::string SitemapIndent(int level);
+/// Appends a <param> line; nothing in the value is escaped here.
+void AppendSitemapParam(std::string& text, std::string_view indent, std::string_view name,
+                        std::string_view value);
+
+}  // namespace quorrel

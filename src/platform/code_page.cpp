@@ -1,0 +1,271 @@
+#include "platform/code_page.hpp"
+
+#include <iconv.h>
+
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/text.hpp"
+#include "platform/unicode.hpp"
+
+namespace quorrel {
+namespace {
+
+/// One direction of the system's converter, a few bytes at a time.
+class Converter {
+  public:
+    Converter(const char* to, const std::string& from) : handle_(iconv_open(to, from.c_str())) {}
+    Converter(const std::string& to, const char* from) : handle_(iconv_open(to.c_str(), from)) {}
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+    ~Converter() {
+        if (Valid()) iconv_close(handle_);
+    }
+    [[nodiscard]] bool Valid() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+
+    /// The whole of `bytes` converted, or an empty string.
+    [[nodiscard]] std::string Convert(std::string_view bytes) const {
+        if (!Valid()) return {};
+        iconv(handle_, nullptr, nullptr, nullptr, nullptr);
+        std::array<char, 16> out{};
+        std::string in(bytes);
+        char* source = in.data();
+        std::size_t left = in.size();
+        char* target = out.data();
+        std::size_t room = out.size();
+        if (iconv(handle_, &source, &left, &target, &room) != 0 || left != 0) return {};
+        return {out.data(), out.size() - room};
+    }
+
+  private:
+    iconv_t handle_;
+};
+
+char32_t SingleCodePoint(const std::string& utf32) {
+    if (utf32.size() != 4) return 0;
+    char32_t c = 0;
+    for (int i = 3; i >= 0; --i)
+        c = c << 8 | static_cast<unsigned char>(utf32[static_cast<std::size_t>(i)]);
+    return c;
+}
+
+bool IsDoubleByte(int number) {
+    return number == 932 || number == 936 || number == 949 || number == 950 || number == 51932;
+}
+
+std::string ConverterName(int number) {
+    switch (number) {
+        case 20866:
+            return "KOI8-R";
+        case 21866:
+            return "KOI8-U";
+        case 51932:
+            return "EUC-JP";
+        default:
+            break;
+    }
+    if (number > 28590 && number < 28606) return "ISO-8859-" + std::to_string(number - 28590);
+    return "CP" + std::to_string(number);
+}
+
+class TableCodePage : public CodePage {
+  public:
+    explicit TableCodePage(int number) {
+        const std::string name = ConverterName(number);
+        const Converter to_unicode("UTF-32LE", name);
+        const Converter from_unicode(name, "UTF-32LE");
+        for (unsigned byte = 0x80; byte <= 0xFF; ++byte) {
+            const std::string text(1, static_cast<char>(byte));
+            char32_t c = SingleCodePoint(to_unicode.Convert(text));
+            // As the system does it: a byte that a single-byte page leaves open between 0x80
+            // and 0x9F is the control character of that number.
+            if (c == 0 && byte < 0xA0 && to_unicode.Valid() && !IsDoubleByte(number)) c = byte;
+            Set(text, c, from_unicode);
+        }
+        if (!IsDoubleByte(number)) return;
+        for (unsigned lead = 0x81; lead <= 0xFE; ++lead) {
+            if (single_[lead] != 0) continue;
+            for (unsigned trail = 0x40; trail <= 0xFE; ++trail) {
+                const std::string text{static_cast<char>(lead), static_cast<char>(trail)};
+                Set(text, SingleCodePoint(to_unicode.Convert(text)), from_unicode);
+            }
+        }
+    }
+
+    [[nodiscard]] std::string Decode(std::string_view bytes) const override {
+        std::string text;
+        text.reserve(bytes.size() + bytes.size() / 4);
+        for (std::size_t i = 0; i < bytes.size(); ++i) {
+            const auto byte = static_cast<unsigned char>(bytes[i]);
+            if (byte < 0x80) {
+                text += bytes[i];
+            } else if (single_[byte] != 0) {
+                AppendUtf8(text, single_[byte]);
+            } else if (const char32_t pair = Pair(bytes, i); pair != 0) {
+                AppendUtf8(text, pair);
+                ++i;
+            } else {
+                AppendUtf8(text, kLoneByte + byte);
+            }
+        }
+        return text;
+    }
+
+    bool Encode(char32_t c, std::string& bytes) const override {
+        const auto found = bytes_.find(c);
+        if (found == bytes_.end()) return false;
+        bytes += found->second;
+        return true;
+    }
+
+  private:
+    void Set(const std::string& bytes, char32_t c, const Converter& from_unicode) {
+        if (c == 0) return;
+        const auto lead = static_cast<unsigned char>(bytes[0]);
+        if (bytes.size() == 1) {
+            single_[lead] = c;
+        } else {
+            if (pairs_.empty()) pairs_.resize(0x10000);
+            pairs_[lead * 256U + static_cast<unsigned char>(bytes[1])] = c;
+        }
+        const auto [place, is_new] = bytes_.try_emplace(c, bytes);
+        if (is_new) return;
+        // Some characters stand twice in the East Asian pages; the converter knows the usual one.
+        std::string utf32;
+        for (int shift = 0; shift < 32; shift += 8) utf32 += static_cast<char>(c >> shift & 0xFF);
+        if (from_unicode.Convert(utf32) == bytes) place->second = bytes;
+    }
+
+    [[nodiscard]] char32_t Pair(std::string_view bytes, std::size_t i) const {
+        if (pairs_.empty() || i + 1 >= bytes.size()) return 0;
+        return pairs_[static_cast<unsigned char>(bytes[i]) * 256U +
+                      static_cast<unsigned char>(bytes[i + 1])];
+    }
+
+    std::array<char32_t, 256> single_{};
+    std::vector<char32_t> pairs_;
+    std::unordered_map<char32_t, std::string> bytes_;
+};
+
+class Utf8CodePage : public CodePage {
+  public:
+    [[nodiscard]] std::string Decode(std::string_view bytes) const override {
+        std::string text;
+        text.reserve(bytes.size());
+        for (std::size_t i = 0; i < bytes.size();) {
+            std::size_t length = Utf8SequenceLength(bytes, i);
+            std::size_t next = i;
+            if (length == 0 || IsLoneByte(NextCodePoint(bytes, next))) {
+                AppendUtf8(text, kLoneByte + static_cast<unsigned char>(bytes[i]));
+                length = 1;
+            } else {
+                text.append(bytes.substr(i, length));
+            }
+            i += length;
+        }
+        return text;
+    }
+
+    bool Encode(char32_t c, std::string& bytes) const override {
+        AppendUtf8(bytes, c);
+        return true;
+    }
+};
+
+struct Language {
+    unsigned primary;  // the low ten bits of a Windows language number
+    const char* code;  // ISO 639
+    int code_page;
+};
+
+constexpr Language kLanguages[] = {
+    {0x01, "ar", 1256}, {0x02, "bg", 1251}, {0x04, "zh", 936},  {0x05, "cs", 1250},
+    {0x08, "el", 1253}, {0x0D, "he", 1255}, {0x0E, "hu", 1250}, {0x11, "ja", 932},
+    {0x12, "ko", 949},  {0x15, "pl", 1250}, {0x18, "ro", 1250}, {0x19, "ru", 1251},
+    {0x1A, "hr", 1250}, {0x1B, "sk", 1250}, {0x1C, "sq", 1250}, {0x1E, "th", 874},
+    {0x1F, "tr", 1254}, {0x20, "ur", 1256}, {0x22, "uk", 1251}, {0x23, "be", 1251},
+    {0x24, "sl", 1250}, {0x25, "et", 1257}, {0x26, "lv", 1257}, {0x27, "lt", 1257},
+    {0x29, "fa", 1256}, {0x2A, "vi", 1258}, {0x2C, "az", 1254}, {0x2F, "mk", 1251},
+    {0x3F, "kk", 1251}, {0x40, "ky", 1251}, {0x43, "uz", 1254}, {0x44, "tt", 1251},
+    {0x50, "mn", 1251},
+};
+
+int CodePageOfLanguageNumber(unsigned number) {
+    switch (number) {
+        case 0x404:  // Chinese as written in Taiwan, Hong Kong and Macao
+        case 0xC04:
+        case 0x1404:
+            return 950;
+        case 0xC1A:  // Serbian and Bosnian in Cyrillic letters
+        case 0x1C1A:
+        case 0x201A:
+        case 0x82C:  // Azeri and Uzbek in Cyrillic letters
+        case 0x843:
+            return 1251;
+        default:
+            break;
+    }
+    for (const Language& language : kLanguages) {
+        if (language.primary == (number & 0x3FF)) return language.code_page;
+    }
+    return kWesternCodePage;
+}
+
+int CodePageOfLocale(std::string_view locale) {
+    if (locale.starts_with("zh_TW") || locale.starts_with("zh_HK")) return 950;
+    if (locale.starts_with("sr") && !Contains(locale, "@latin")) return 1251;
+    if (locale.starts_with("sr") || locale.starts_with("bs")) return 1250;
+    const std::string_view code = locale.substr(0, locale.find_first_of("_.@"));
+    for (const Language& language : kLanguages) {
+        if (code == language.code) return language.code_page;
+    }
+    return kWesternCodePage;
+}
+
+}  // namespace
+
+const CodePage& CodePage::Get(int number) {
+    static std::mutex guard;
+    static std::map<int, std::unique_ptr<CodePage>> pages;
+    const std::scoped_lock lock(guard);
+    std::unique_ptr<CodePage>& page = pages[number];
+    if (page == nullptr) {
+        if (number == kUtf8CodePage) {
+            page = std::make_unique<Utf8CodePage>();
+        } else {
+            page = std::make_unique<TableCodePage>(number);
+        }
+    }
+    return *page;
+}
+
+int CodePageOfLanguageOption(std::string_view option) {
+    option = TrimBlanksAndTabs(option);
+    const bool is_hex = option.starts_with("0x") || option.starts_with("0X");
+    if (is_hex) option.remove_prefix(2);
+    unsigned number = 0;
+    const auto result =
+        std::from_chars(option.data(), option.data() + option.size(), number, is_hex ? 16 : 10);
+    if (result.ec != std::errc{} || number == 0) return 0;
+    return CodePageOfLanguageNumber(number);
+}
+
+MachineCodePage CodePageOfMachine() {
+    if (const char* chosen = std::getenv("QUORREL_ANSI_CODEPAGE"); chosen != nullptr) {
+        const std::int64_t number = LeadingNumber(chosen);
+        if (number > 0 && number <= 0xFFFF) return {static_cast<int>(number), true};
+    }
+    for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        const char* value = std::getenv(name);
+        if (value != nullptr && *value != '\0') return {CodePageOfLocale(value), false};
+    }
+    return {};
+}
+
+}  // namespace quorrel

@@ -1,0 +1,47 @@
+// The tab strip and the status bar: rows of captions.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "platform/controls/control.hpp"
+
+namespace quorrel {
+
+/// Tabs are numbered from 1.
+class TabStrip : public Control {
+  public:
+    explicit TabStrip(std::vector<std::string> captions) : captions_(std::move(captions)) {}
+
+    Property<int> SelectedIndex{changed, 1};
+
+    [[nodiscard]] int Count() const { return static_cast<int>(captions_.size()); }
+    [[nodiscard]] const std::string& TabCaption(int index) const {
+        return captions_.at(static_cast<std::size_t>(index - 1));
+    }
+    void SetTabCaption(int index, std::string caption) {
+        captions_.at(static_cast<std::size_t>(index - 1)) = std::move(caption);
+        changed.Emit();
+    }
+
+  private:
+    std::vector<std::string> captions_;
+};
+
+/// Panels are numbered from 1: the state of the work or the title of the topic, and its path.
+class StatusBar : public Control {
+  public:
+    [[nodiscard]] const std::string& Panel(int index) const {
+        return panels_.at(static_cast<std::size_t>(index - 1));
+    }
+    void SetPanel(int index, std::string text) {
+        panels_.at(static_cast<std::size_t>(index - 1)) = std::move(text);
+        changed.Emit();
+    }
+
+  private:
+    std::array<std::string, 2> panels_;
+};
+
+}  // namespace quorrel

@@ -1,0 +1,130 @@
+#include "platform/controls/tree_view.hpp"
+
+#include <algorithm>
+
+#include "platform/failure.hpp"
+
+namespace quorrel {
+
+const std::vector<TreeNode*>& TreeNode::Siblings() const {
+    return parent_ == nullptr ? tree_->roots_ : parent_->children_;
+}
+
+TreeNode* TreeNode::Next() const {
+    const auto& siblings = Siblings();
+    const auto next = static_cast<std::size_t>(row_) + 1;
+    return next < siblings.size() ? siblings[next] : nullptr;
+}
+
+TreeNode* TreeNode::Previous() const {
+    return row_ == 0 ? nullptr : Siblings()[static_cast<std::size_t>(row_) - 1];
+}
+
+TreeNode* TreeNode::LastSibling() const {
+    return Siblings().back();
+}
+
+std::string TreeNode::FullPath() const {
+    std::vector<const TreeNode*> way;
+    for (const TreeNode* node = this; node != nullptr; node = node->parent_) way.push_back(node);
+    std::string path;
+    for (auto node = way.rbegin(); node != way.rend(); ++node) {
+        if (!path.empty() || node != way.rbegin()) path += '\\';
+        path += (*node)->Text;
+    }
+    return path;
+}
+
+TreeView::~TreeView() = default;
+
+void TreeView::Renumber(std::vector<TreeNode*>& siblings, std::size_t from) {
+    for (std::size_t i = from; i < siblings.size(); ++i) siblings[i]->row_ = static_cast<int>(i);
+}
+
+TreeNode& TreeView::Add(TreeNode* relative, NodeRelation relation, std::string text, int image,
+                        int selected_image) {
+    nodes_.push_back(std::unique_ptr<TreeNode>(new TreeNode));
+    TreeNode& node = *nodes_.back();
+    node.tree_ = this;
+    node.index_ = Count();
+    node.Text = std::move(text);
+    node.Image = image;
+    node.SelectedImage = selected_image;
+    const bool as_child = relative == nullptr || relation == NodeRelation::kChild;
+    node.parent_ = as_child ? relative : relative->parent_;
+    std::vector<TreeNode*>& siblings = ChildrenOf(node.parent_);
+    std::size_t row = siblings.size();
+    if (!as_child) {
+        row = static_cast<std::size_t>(relative->row_) + (relation == NodeRelation::kNext ? 1 : 0);
+    }
+    siblings.insert(siblings.begin() + static_cast<std::ptrdiff_t>(row), &node);
+    Renumber(siblings, row);
+    nodes_changed.Emit();
+    return node;
+}
+
+TreeNode& TreeView::At(int index) const {
+    if (index < 1 || index > Count()) throw RuntimeError(run_time_error::kIndexOutOfBounds);
+    return *nodes_[static_cast<std::size_t>(index - 1)];
+}
+
+int TreeView::IndexOf(const TreeNode& node) const {
+    return node.index_;
+}
+
+void TreeView::Detach(TreeNode& node) {
+    std::vector<TreeNode*>& siblings = ChildrenOf(node.parent_);
+    const auto row = static_cast<std::size_t>(node.row_);
+    siblings.erase(siblings.begin() + static_cast<std::ptrdiff_t>(row));
+    Renumber(siblings, row);
+}
+
+void TreeView::Remove(TreeNode& node) {
+    Detach(node);
+    std::vector<TreeNode*> doomed{&node};
+    for (std::size_t i = 0; i < doomed.size(); ++i) {
+        const TreeNode& parent = *doomed[i];
+        doomed.insert(doomed.end(), parent.children_.begin(), parent.children_.end());
+    }
+    for (TreeNode* gone : doomed) {
+        if (selected_ == gone) selected_ = nullptr;
+        gone->index_ = 0;
+    }
+    std::erase_if(nodes_, [](const auto& candidate) { return candidate->index_ == 0; });
+    for (std::size_t i = 0; i < nodes_.size(); ++i) nodes_[i]->index_ = static_cast<int>(i) + 1;
+    nodes_changed.Emit();
+}
+
+void TreeView::Clear() {
+    selected_ = nullptr;
+    roots_.clear();
+    nodes_.clear();
+    nodes_changed.Emit();
+}
+
+void TreeView::SetParent(TreeNode& node, TreeNode* parent) {
+    for (const TreeNode* above = parent; above != nullptr; above = above->parent_) {
+        if (above == &node) throw RuntimeError(run_time_error::kInvalidArgument);
+    }
+    Detach(node);
+    node.parent_ = parent;
+    std::vector<TreeNode*>& siblings = ChildrenOf(parent);
+    siblings.push_back(&node);
+    Renumber(siblings, siblings.size() - 1);
+    nodes_changed.Emit();
+}
+
+void TreeView::Select(TreeNode* node) {
+    if (node == selected_) return;
+    selected_ = node;
+    changed.Emit();
+}
+
+void TreeView::EnsureVisible(TreeNode& node) {
+    for (TreeNode* above = node.parent_; above != nullptr; above = above->parent_) {
+        above->Expanded = true;
+    }
+    reveal.Emit(node);
+}
+
+}  // namespace quorrel

@@ -1,0 +1,106 @@
+// The tree: nodes with a caption, icon numbers and a data string.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/controls/control.hpp"
+
+namespace quorrel {
+
+class TreeView;
+
+/// One node. It stays at its address until it is removed.
+class TreeNode {
+  public:
+    std::string Text;
+    int Image = 0;
+    int SelectedImage = 0;
+    std::string Tag;
+    bool Expanded = false;
+    bool Bold = false;
+
+    /// Null where there is none.
+    [[nodiscard]] TreeNode* Parent() const { return parent_; }
+    [[nodiscard]] TreeNode* Child() const {
+        return children_.empty() ? nullptr : children_.front();
+    }
+    [[nodiscard]] TreeNode* Next() const;
+    [[nodiscard]] TreeNode* Previous() const;
+    [[nodiscard]] TreeNode* LastSibling() const;
+    [[nodiscard]] int Children() const { return static_cast<int>(children_.size()); }
+    /// `row` from 0.
+    [[nodiscard]] TreeNode* ChildAt(int row) const {
+        return children_.at(static_cast<std::size_t>(row));
+    }
+    /// The 0-based place among the siblings.
+    [[nodiscard]] int Row() const { return row_; }
+    /// The captions of the ancestors and the node, joined with "\".
+    [[nodiscard]] std::string FullPath() const;
+
+  private:
+    friend class TreeView;
+    TreeNode() = default;
+    [[nodiscard]] const std::vector<TreeNode*>& Siblings() const;
+
+    TreeView* tree_ = nullptr;
+    TreeNode* parent_ = nullptr;
+    std::vector<TreeNode*> children_;
+    int row_ = 0;
+    int index_ = 0;  // 1-based place in the flat collection
+};
+
+/// How a new node stands to its relative; the numbers are those of the classic control.
+enum class NodeRelation { kNext = 2, kPrevious = 3, kChild = 4 };
+
+/// Beside their place in the tree the nodes have a 1-based number in the order of addition,
+/// which moves up when a node before is removed.
+class TreeView : public Control {
+  public:
+    TreeView() = default;
+    ~TreeView();
+
+    /// Nodes came, went or moved.
+    Signal<> nodes_changed;
+    /// The content of one node changed; who changes it emits.
+    Signal<TreeNode&> node_changed;
+    /// A node is to be made visible, its ancestors being expanded already.
+    Signal<TreeNode&> reveal;
+
+    /// `relative` null adds at the end of the root level.
+    TreeNode& Add(TreeNode* relative, NodeRelation relation, std::string text, int image,
+                  int selected_image);
+    [[nodiscard]] int Count() const { return static_cast<int>(nodes_.size()); }
+    /// The node with the 1-based number. Raises 35600 where there is none.
+    [[nodiscard]] TreeNode& At(int index) const;
+    [[nodiscard]] int IndexOf(const TreeNode& node) const;
+    /// The top-level nodes in order.
+    [[nodiscard]] const std::vector<TreeNode*>& Roots() const { return roots_; }
+    /// Removes the node with its subtree.
+    void Remove(TreeNode& node);
+    void Clear();
+    /// Moves the node with its subtree to the end of the children of `parent`, or to the end of
+    /// the root level for null. A node does not go below itself (raises 5).
+    void SetParent(TreeNode& node, TreeNode* parent);
+
+    [[nodiscard]] TreeNode* SelectedItem() const { return selected_; }
+    void Select(TreeNode* node);
+    /// Expands the ancestors and asks for the node to be shown.
+    void EnsureVisible(TreeNode& node);
+
+  private:
+    friend class TreeNode;
+    std::vector<TreeNode*>& ChildrenOf(TreeNode* parent) {
+        return parent == nullptr ? roots_ : parent->children_;
+    }
+    void Detach(TreeNode& node);
+    static void Renumber(std::vector<TreeNode*>& siblings, std::size_t from);
+
+    std::vector<std::unique_ptr<TreeNode>> nodes_;  // in the order of addition
+    std::vector<TreeNode*> roots_;
+    TreeNode* selected_ = nullptr;
+};
+
+}  // namespace quorrel

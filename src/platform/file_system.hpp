@@ -1,0 +1,43 @@
+// The file operations that the logic calls, on Windows paths.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorrel {
+
+/// Paths are Windows paths in UTF-8 with backslashes; a relative one is meant from the current
+/// folder. Names are found without regard to case.
+class FileSystem {
+  public:
+    virtual ~FileSystem() = default;
+
+    /// The whole file. Raises 53 (no such file), 76 (no such folder), 70 (a folder, or not
+    /// permitted), 57 (device).
+    [[nodiscard]] virtual std::string ReadFile(std::string_view path) = 0;
+    /// At most the first `size` bytes of the file; raises as ReadFile does.
+    [[nodiscard]] virtual std::string ReadFileHead(std::string_view path, std::size_t size) = 0;
+    /// Creates or replaces the file; the on-disk spelling of an existing one stays. Raises 70,
+    /// 75, 76, 61 (disk full), 57.
+    virtual void WriteFile(std::string_view path, std::string_view bytes) = 0;
+
+    [[nodiscard]] virtual bool FileExists(std::string_view path) = 0;
+    [[nodiscard]] virtual bool FolderExists(std::string_view path) = 0;
+    /// Raises 58 where a file or folder of the name exists, 76 where the parent is missing.
+    virtual void CreateFolder(std::string_view path) = 0;
+    /// False where it fails, also where `to` exists and may not be replaced.
+    virtual bool CopyFile(std::string_view from, std::string_view to, bool may_replace) = 0;
+    /// False where it fails, also where `to` exists.
+    virtual bool MoveFile(std::string_view from, std::string_view to) = 0;
+    /// False where it fails.
+    virtual bool DeleteFile(std::string_view path) = 0;
+
+    /// The path as the user of this system writes it, for everything that is shown.
+    [[nodiscard]] virtual std::string NativePath(std::string_view path) const = 0;
+    /// The inner form of a native path; a relative one is taken from the current folder.
+    [[nodiscard]] virtual std::string WindowsPath(std::string_view native) const = 0;
+};
+
+}  // namespace quorrel

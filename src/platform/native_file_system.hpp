@@ -1,0 +1,47 @@
+// Files of a system with "/" paths: its root is the drive "Z:", and names are looked up without
+// regard to case.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "platform/file_system.hpp"
+#include "platform/unicode.hpp"
+
+namespace quorrel {
+
+class NativeFileSystem : public FileSystem {
+  public:
+    std::string ReadFile(std::string_view path) override;
+    std::string ReadFileHead(std::string_view path, std::size_t size) override;
+    void WriteFile(std::string_view path, std::string_view bytes) override;
+    bool FileExists(std::string_view path) override;
+    bool FolderExists(std::string_view path) override;
+    void CreateFolder(std::string_view path) override;
+    bool CopyFile(std::string_view from, std::string_view to, bool may_replace) override;
+    bool MoveFile(std::string_view from, std::string_view to) override;
+    bool DeleteFile(std::string_view path) override;
+    std::string NativePath(std::string_view path) const override;
+    std::string WindowsPath(std::string_view native) const override;
+
+  private:
+    using Names = std::unordered_map<std::string, std::string, IgnoringCaseHash, IgnoringCaseEqual>;
+
+    /// The names of one folder as they were at `changed`, the folder's time stamp.
+    struct Listing {
+        std::int64_t changed = 0;
+        bool settled = false;  // the stamp was old enough to notice every later change
+        Names names;
+    };
+
+    /// The native path with the on-disk spelling of each part that exists. A part that does not
+    /// exist stays as given.
+    std::string Resolve(std::string_view path);
+    /// The on-disk spelling of `name` in `folder`, or an empty string.
+    std::string Spelling(const std::string& folder, const std::string& name);
+
+    std::unordered_map<std::string, Listing> listings_;
+};
+
+}  // namespace quorrel

@@ -1,0 +1,44 @@
+// Private-profile files on disk.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "platform/text_files.hpp"
+
+namespace quorrel {
+
+/// The classic read buffer: 300 characters, of which 299 can be filled.
+inline constexpr std::size_t kProfileValueLimit = 299;
+
+/// Reads and writes single keys. A bare file name, without a folder, stands for the system's
+/// folder of settings.
+class ProfileStore {
+  public:
+    /// `settings_folder` is a Windows path without a backslash at its end.
+    ProfileStore(TextFiles& texts, std::string settings_folder);
+
+    /// The value, cut to `limit` characters and at the first NUL; `otherwise`, cut likewise,
+    /// where the file or the key is missing.
+    [[nodiscard]] std::string Get(std::string_view file, std::string_view section,
+                                  std::string_view key, std::string_view otherwise,
+                                  std::size_t limit = kProfileValueLimit) const;
+    /// Replaces or adds the key. A file that cannot be read or written loses the value and the
+    /// result is false; a missing file is made, with its folder if that is the settings folder.
+    bool Set(std::string_view file, std::string_view section, std::string_view key,
+             std::string_view value);
+
+    /// The full path of a profile file.
+    [[nodiscard]] std::string PathOf(std::string_view file) const;
+
+  private:
+    TextFiles& texts_;
+    std::string settings_folder_;
+};
+
+/// The folder that stands for the system's folder of settings: `$XDG_CONFIG_HOME/quorrel`, by
+/// default `~/.config/quorrel`, as a native path.
+[[nodiscard]] std::string NativeSettingsFolder();
+
+}  // namespace quorrel

@@ -1,0 +1,57 @@
+#include "platform/text_files.hpp"
+
+#include <utility>
+
+namespace quorrel {
+
+TextFiles::TextFiles(FileSystem& files, MachineCodePage machine)
+    : files_(files), machine_(machine), code_page_(machine.number) {}
+
+void TextFiles::StartProject(std::string_view language_option) {
+    encodings_.clear();
+    const int of_project = machine_.chosen ? 0 : CodePageOfLanguageOption(language_option);
+    code_page_ = of_project == 0 ? machine_.number : of_project;
+}
+
+std::string TextFiles::Read(std::string_view path) {
+    DecodedText decoded = DecodeProjectText(files_.ReadFile(path), code_page_);
+    if (decoded.encoding.form == TextEncoding::Form::kAnsi) {
+        if (const auto known = encodings_.find(path); known != encodings_.end()) {
+            encodings_.erase(known);
+        }
+    } else {
+        encodings_[std::string(path)] = decoded.encoding;
+    }
+    return std::move(decoded.text);
+}
+
+std::string TextFiles::Encoded(std::string_view path, std::string_view text) const {
+    const auto known = encodings_.find(path);
+    if (known != encodings_.end()) return EncodeProjectText(text, known->second);
+    return EncodeProjectText(text, {TextEncoding::Form::kAnsi, code_page_});
+}
+
+void TextFiles::Write(std::string_view path, std::string_view text) {
+    files_.WriteFile(path, Encoded(path, text));
+}
+
+bool TextFiles::WriteAndSwap(std::string_view path, std::string_view text, Backup backup,
+                             const Trap& trap) {
+    const std::string target(path);
+    const std::string temporary = target + ".tmp";
+    if (!trap([&] { files_.WriteFile(temporary, Encoded(path, text)); })) return false;
+    if (files_.FileExists(target)) {
+        if (backup == Backup::kKept) {
+            const std::string old = target + ".bak";
+            if (files_.FileExists(old)) files_.DeleteFile(old);
+            files_.MoveFile(target, old);
+        } else {
+            files_.DeleteFile(target);
+        }
+    }
+    if (files_.MoveFile(temporary, target)) return true;
+    trap([] { throw RuntimeError(run_time_error::kPathFileAccess); });
+    return false;
+}
+
+}  // namespace quorrel

@@ -1,0 +1,87 @@
+#include "platform/topic_encoding.hpp"
+
+#include <algorithm>
+
+#include "platform/text.hpp"
+
+namespace quorrel {
+namespace {
+
+struct Charset {
+    std::string_view name;
+    int code_page;
+};
+
+constexpr Charset kCharsets[] = {
+    {"utf-8", kUtf8CodePage},
+    {"utf8", kUtf8CodePage},
+    {"us-ascii", 1252},
+    {"iso-8859-1", 1252},
+    {"latin1", 1252},
+    {"iso-8859-2", 28592},
+    {"iso-8859-4", 28594},
+    {"iso-8859-5", 28595},
+    {"iso-8859-6", 28596},
+    {"iso-8859-7", 28597},
+    {"iso-8859-8", 28598},
+    {"iso-8859-9", 1254},
+    {"iso-8859-11", 874},
+    {"iso-8859-13", 28603},
+    {"iso-8859-15", 28605},
+    {"tis-620", 874},
+    {"windows-874", 874},
+    {"koi8-r", 20866},
+    {"koi8-u", 21866},
+    {"shift_jis", 932},
+    {"shift-jis", 932},
+    {"sjis", 932},
+    {"x-sjis", 932},
+    {"windows-31j", 932},
+    {"euc-jp", 51932},
+    {"gb2312", 936},
+    {"gbk", 936},
+    {"gb18030", 936},
+    {"big5", 950},
+    {"euc-kr", 949},
+    {"ks_c_5601-1987", 949},
+};
+
+/// How far a charset declaration is looked for; browsers look at 1024 bytes.
+constexpr std::size_t kDeclarationReach = 4096;
+
+std::string_view DeclaredCharset(std::string_view bytes) {
+    bytes = bytes.substr(0, kDeclarationReach);
+    bytes = bytes.substr(0, FindIgnoringAsciiCase(bytes, "<BODY"));
+    constexpr std::string_view kName = "CHARSET=";
+    const std::size_t at = FindIgnoringAsciiCase(bytes, kName);
+    if (at == npos) return {};
+    bytes.remove_prefix(at + kName.size());
+    const std::size_t first = bytes.find_first_not_of(" \t\"'");
+    if (first == npos) return {};
+    bytes.remove_prefix(first);
+    return bytes.substr(0, bytes.find_first_of(" \t\r\n\"'>;/"));
+}
+
+}  // namespace
+
+int CodePageOfCharset(std::string_view name) {
+    const std::string lower = LowerAscii(name);
+    if (lower.starts_with("windows-125") && lower.size() == 12) {
+        return static_cast<int>(LeadingNumber(std::string_view(lower).substr(8)));
+    }
+    const auto* const found = std::find_if(std::begin(kCharsets), std::end(kCharsets),
+                                           [&](const Charset& set) { return set.name == lower; });
+    return found == std::end(kCharsets) ? 0 : found->code_page;
+}
+
+TextEncoding TopicEncoding(std::string_view bytes, int code_page) {
+    using Form = TextEncoding::Form;
+    const TextEncoding found = DetectEncoding(bytes, code_page);
+    if (found.form != Form::kAnsi && found.form != Form::kUtf8) return found;
+    const int declared = CodePageOfCharset(DeclaredCharset(bytes));
+    if (declared == kUtf8CodePage) return {Form::kUtf8, code_page};
+    if (declared != 0) return {Form::kAnsi, declared};
+    return found;
+}
+
+}  // namespace quorrel

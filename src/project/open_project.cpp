@@ -1,0 +1,182 @@
+#include "project/open_project.hpp"
+
+#include "app/main_form.hpp"
+#include "contents/open_contents_item.hpp"
+#include "formats/htmlhelp/hhc.hpp"
+#include "formats/htmlhelp/hhk.hpp"
+#include "formats/htmlhelp/hhp.hpp"
+#include "formats/htmlhelp/map_files.hpp"
+#include "platform/text.hpp"
+#include "project/paths.hpp"
+#include "project/side_files.hpp"
+#include "project/verify_map_ids.hpp"
+
+namespace quorrel {
+namespace {
+
+constexpr std::string_view kHtmlHelpFilter = "HTML Help Project Files (*.hhp)|*.hhp";
+constexpr std::string_view kBothFilters =
+    "JavaHelp HelpSet Files (*.hs)|*.hs|MS HTML Help Project Files (*.hhp)|*.hhp";
+
+std::string ChooseProject(MainForm& main) {
+    if (!main.project.recent_proj.empty()) return std::exchange(main.project.recent_proj, {});
+    FileDialog dialog;
+    dialog.title = "Open Project";
+    dialog.filter = main.settings.is_javahelp_edition ? kBothFilters : kHtmlHelpFilter;
+    return main.screen.ChooseFile(dialog);
+}
+
+void ReadProjectSettings(MainForm& main) {
+    ProjectState& project = main.project;
+    main.texts.StartProject(Gethhp(main, "OPTIONS", "Language", ""));
+    project.Pages_SubDir = GetProj(main, "Settings", "html", "");
+    project.Images_Subdir = GetProj(main, "Settings", "images", "");
+    project.last_file_path = GetProj(main, "Settings", "last_path", "");
+    // proj_path is still the folder of the project before.
+    if (!project.last_file_path.empty() && !main.files.FolderExists(project.last_file_path)) {
+        project.last_file_path = project.proj_path;
+    }
+}
+
+void ClearModel(MainForm& main) {
+    main.contents.Tree1.Clear();
+    main.outline.TreeDoc.Clear();
+    main.topics.ListTopics.Clear();
+    main.keywords.ListKeywords.Clear();
+    main.topics.ListAliases.Clear();
+    main.topics.current_topic_index = 0;
+    main.editor.main_path.clear();
+    main.editor.temp_path.clear();
+    main.DHTMLEdit1.NewDocument();
+    // A header of the project before would be looked for in the folder of this one.
+    main.project.java_map_file.clear();
+}
+
+void DeriveFileNames(MainForm& main) {
+    ProjectState& project = main.project;
+    const std::string base(BaseName(project.proj));
+    if (Contains(project.proj, ".")) {
+        main.outline.doc_outline = base + ".out";
+        project.status_file = base + ".stn";
+        if (project.help_mode == 1) {
+            // The index file's name lands here too; the HelpSet gives both.
+            project.hhcfile = base + "Index.xml";
+        } else {
+            project.hhcfile = base + ".hhc";
+            project.hhkfile = base + ".hhk";
+        }
+    }
+    project.proj_path = BeforeLast(project.proj, '\\', {});
+    if (project.last_file_path.empty()) {
+        project.last_file_path = project.proj_path + "\\" + project.Pages_SubDir;
+    }
+}
+
+std::string SitemapFile(const MainForm& main, std::string_view key, std::string_view ending) {
+    const std::string& proj = main.project.proj;
+    const std::string value = Gethhp(main, "OPTIONS", key, "");
+    return value.empty() ? std::string(BaseName(proj)).append(ending)
+                         : MakeFullPathRel(value, proj);
+}
+
+/// Makes a JavaHelp project of an HTML Help project that has just been read.
+void ConvertInMemory(MainForm& main) {
+    ProjectState& project = main.project;
+    const std::string base(BaseName(project.proj));
+    project.help_mode = 1;
+    project.proj = base + ".hs";
+    project.hhcfile = base + "TOC.xml";
+    project.hhkfile = base + "Index.xml";
+    project.java_map_file = base + ".jhm";
+    project.project_def_topic.clear();
+    main.contents.toc_dirty = true;
+    main.keywords.index_dirty = true;
+}
+
+void CopyArrowPictures(MainForm& main) {
+    for (const std::string_view name : {"\\rtex.gif", "\\dwnex.gif"}) {
+        const std::string target = main.project.proj_path + std::string(name);
+        main.files.CopyFile(main.settings.Template_Dir + std::string(name), target, false);
+    }
+}
+
+void ReadHtmlHelpProject(MainForm& main, const Trap& trap) {
+    ProjectState& project = main.project;
+    main.window.StatusBar1.SetPanel(1, "Reading Project File...");
+    project.hhcfile = SitemapFile(main, "Contents file", ".hhc");
+    project.hhkfile = SitemapFile(main, "Index file", ".hhk");
+    project.project_title = Gethhp(main, "OPTIONS", "Title", "");
+    project.project_def_topic = Gethhp(main, "OPTIONS", "Default Topic", "");
+    rebuildindex_Click(main);
+    ReadHTMLMapFiles(main);
+    verify_map_ids(main.topics.ListTopics, project.Alias_Prefix);
+    ReadTOC(main);
+    ReadIndex(main);
+    if (main.files.FileExists(main.outline.doc_outline)) ReadDocOutline(main);
+    main.contents.toc_dirty = false;
+    main.keywords.index_dirty = false;
+    main.outline.doc_dirty = false;
+    if (main.settings.is_javahelp_edition) ConvertInMemory(main);
+    main.window.StatusBar1.SetPanel(1, "");
+    if (main.contents.Tree1.Count() > 0) trap([&] { OpenFirstContentsItem(main); });
+    if (project.project_title.empty()) project.project_title = "Untitled";
+    UpdateCaption(main);
+    if (!main.settings.is_javahelp_edition) CopyArrowPictures(main);
+    main.screen.DoEvents();
+    project.project_dirty = false;
+    main.editor.ActiveDirty = false;
+}
+
+}  // namespace
+
+bool IsJavaHelpProject(std::string_view proj) {
+    return Contains(proj, ".hs");
+}
+
+void UpdateCaption(MainForm& main) {
+    std::string caption = main.settings.APP_NAME;
+    if (!main.project.proj.empty()) caption += " - " + main.project.project_title;
+    main.window.window.Caption = caption;
+}
+
+void OpenProject_Click(MainForm& main) {
+    std::string chosen = ChooseProject(main);
+    if (chosen.empty()) return;
+    if (IsJavaHelpProject(chosen)) {
+        main.screen.ShowMessage(
+            {"JavaHelp projects (.hs) cannot be opened by this version. "
+             "Open the project's .hhp file, if it has one.",
+             main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kInformation});
+        return;
+    }
+    main.project.proj = std::move(chosen);
+    const Trap trap(main.log, "MainForm OpenProject Click: ");
+    main.project.proj_success = true;
+    ReadProjectSettings(main);
+    ClearModel(main);
+    main.project.help_mode = 0;
+    DeriveFileNames(main);
+    main.screen.SetPointer(Pointer::kHourglass);
+    ReadHtmlHelpProject(main, trap);
+    main.screen.SetPointer(Pointer::kNormal);
+}
+
+bool OpenRecentProject(MainForm& main, std::string_view path) {
+    if (!main.files.FileExists(path)) {
+        main.screen.ShowMessage({"Cannot find file " + main.files.NativePath(path) + ".",
+                                 main.settings.APP_NAME, MessageButtons::kOk,
+                                 MessageIcon::kExclamation});
+        main.project.recent_proj.clear();
+        return false;
+    }
+    main.project.recent_proj = path;
+    OpenProject_Click(main);
+    return true;
+}
+
+void recent_Click(MainForm& main, int index) {
+    const std::string_view entry = main.recent.recent_list.at(static_cast<std::size_t>(index));
+    OpenRecentProject(main, std::string(entry.substr(0, entry.find('|'))));
+}
+
+}  // namespace quorrel

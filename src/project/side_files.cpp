@@ -1,0 +1,117 @@
+#include "project/side_files.hpp"
+
+#include "app/main_form.hpp"
+#include "platform/text.hpp"
+#include "project/paths.hpp"
+
+namespace quorrel {
+namespace {
+
+constexpr std::string_view kStatusSection = "status";
+constexpr std::string_view kLineMark = "||";
+constexpr std::size_t kToolTipLimit = 200;
+
+std::string SettingsFileOf(const ProjectState& project) {
+    return std::string(BaseName(project.proj)) + ".prj";
+}
+
+/// The key of the open topic in the status file; names that file if it has no name yet.
+std::string StatusKey(MainForm& main) {
+    std::string& file = main.project.status_file;
+    if (file.empty()) file = std::string(BaseName(main.project.proj)) + ".stn";
+    return std::string(AfterLast(main.editor.main_path, '\\'));
+}
+
+struct StatusEntry {
+    std::string status = "0";
+    std::string notes;
+};
+
+StatusEntry ParseStatus(std::string_view value) {
+    StatusEntry entry;
+    const std::size_t comma = value.find(',');
+    if (comma == npos) return entry;
+    if (comma > 0) {
+        entry.status = value.substr(0, comma);
+        entry.notes = value.substr(1 + comma);
+    } else if (CountCharacters(value) > 2) {
+        // A comma with one character behind it has no notes.
+        entry.notes = value.substr(1);
+    }
+    return entry;
+}
+
+}  // namespace
+
+std::string GetProj(const MainForm& main, std::string_view section, std::string_view key,
+                    std::string_view otherwise) {
+    return main.profiles.Get(SettingsFileOf(main.project), section, key, otherwise);
+}
+
+void SetProj(MainForm& main, std::string_view section, std::string_view key,
+             std::string_view value) {
+    main.profiles.Set(SettingsFileOf(main.project), section, key, value);
+}
+
+std::string Gethhp(const MainForm& main, std::string_view section, std::string_view key,
+                   std::string_view otherwise) {
+    return main.profiles.Get(main.project.proj, section, key, otherwise);
+}
+
+void GetStatusNotes(MainForm& main) {
+    const std::string key = StatusKey(main);
+    const std::string value =
+        main.profiles.Get(main.project.status_file, kStatusSection, key, "", kStatusLimit);
+    WindowControls& window = main.window;
+    if (value.empty()) {
+        window.TextNotes.Text = std::string();
+        window.ComboStatus.ListIndex = 0;
+        window.CommandNote.ToolTipText = std::string();
+        window.CommandNote.Visible = false;
+        return;
+    }
+    const StatusEntry entry = ParseStatus(value);
+    window.ComboStatus.ListIndex = static_cast<int>(LeadingNumber(entry.status));
+    const std::string notes = ReplaceAll(entry.notes, kLineMark, kLineEnd);
+    window.TextNotes.Text = notes;
+    std::string tip = ReplaceAll(notes, kLineEnd, " ");
+    if (CountCharacters(tip) > kToolTipLimit) {
+        tip = std::string(FirstCharacters(tip, kToolTipLimit)) + "...";
+    }
+    window.CommandNote.ToolTipText = tip;
+    window.CommandNote.Visible = true;
+}
+
+void SetStatusNotes(MainForm& main) {
+    const std::string key = StatusKey(main);
+    const std::string& file = main.project.status_file;
+    const std::string& notes = main.window.TextNotes.Text;
+    const int status = main.window.ComboStatus.ListIndex;
+    if (notes.empty() && status < 1) {
+        // An existing entry is emptied and keeps its line; a missing one is not made.
+        const bool exists = !main.profiles.Get(file, kStatusSection, key, "", 1).empty();
+        if (exists) main.profiles.Set(file, kStatusSection, key, "");
+        return;
+    }
+    main.profiles.Set(file, kStatusSection, key,
+                      std::to_string(status) + "," + ReplaceAll(notes, kLineEnd, kLineMark));
+}
+
+std::string GetProjFile(std::string_view proj) {
+    const std::string turned = ReplaceAll(BaseName(proj), "\\", "/");
+    return std::string(AfterLast(turned, '/')) + ".prj";
+}
+
+std::int64_t ReadImageMapCount(const MainForm& main) {
+    const std::string value =
+        main.machine_profiles.Get(GetProjFile(main.project.proj), "IMAGE MAP", "MapCount", "0");
+    const bool is_number = !value.empty() && value[0] >= '0' && value[0] <= '9';
+    return is_number ? LeadingNumber(value) : 0;
+}
+
+bool WriteImageMapCount(MainForm& main, std::int64_t count) {
+    return main.machine_profiles.Set(GetProjFile(main.project.proj), "IMAGE MAP", "MapCount",
+                                     std::to_string(count));
+}
+
+}  // namespace quorrel

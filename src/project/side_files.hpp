@@ -1,0 +1,39 @@
+// The project's side files: .prj settings, .stn status and notes, the count of image maps, and
+// single keys of the .hhp.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quorrel {
+
+struct MainForm;
+
+/// The characters that a status and its notes can have together.
+inline constexpr std::size_t kStatusLimit = 2999;
+
+/// The project's own ".prj". A value of more than 299 characters is cut on reading.
+[[nodiscard]] std::string GetProj(const MainForm& main, std::string_view section,
+                                  std::string_view key, std::string_view otherwise);
+void SetProj(MainForm& main, std::string_view section, std::string_view key,
+             std::string_view value);
+
+/// A key of the project file itself, which is never written in this way.
+[[nodiscard]] std::string Gethhp(const MainForm& main, std::string_view section,
+                                 std::string_view key, std::string_view otherwise);
+
+/// Shows the open topic's status and notes in ComboStatus, TextNotes and CommandNote.
+void GetStatusNotes(MainForm& main);
+/// Stores what these controls hold for the open topic. Topics with the same file name share
+/// their entry, also from two folders.
+void SetStatusNotes(MainForm& main);
+
+/// The project's file name with ".prj" and without a folder, which stands for the machine's
+/// settings folder: projects of one name share their count of image maps.
+[[nodiscard]] std::string GetProjFile(std::string_view proj);
+[[nodiscard]] std::int64_t ReadImageMapCount(const MainForm& main);
+/// True on success.
+bool WriteImageMapCount(MainForm& main, std::int64_t count);
+
+}  // namespace quorrel

@@ -1,0 +1,77 @@
+#include "project/topic_path_finder.hpp"
+
+#include <algorithm>
+
+#include "platform/text.hpp"
+#include "platform/unicode.hpp"
+#include "project/project_state.hpp"
+
+namespace quorrel {
+
+TopicPathFinder::TopicPathFinder(ListView& ListTopics) : topics_(ListTopics) {
+    const int count = topics_.Count();
+    upper_.reserve(static_cast<std::size_t>(count));
+    whole_.reserve(static_cast<std::size_t>(count));
+    for (int row = 1; row <= count; ++row) {
+        upper_.push_back(UpperUnicode(topics_.At(row).SubItems(topic_cell::kFullPath)));
+        const std::string_view path = upper_.back();
+        const std::size_t backslash = path.find('\\');
+        if (backslash != npos && path.find(':', backslash) != npos) has_inner_colon_ = true;
+    }
+    for (int row = 1; row <= count; ++row) {
+        whole_.push_back({upper_[static_cast<std::size_t>(row - 1)], row});
+    }
+    Sort(whole_);
+}
+
+void TopicPathFinder::Sort(std::vector<Suffix>& suffixes) {
+    std::sort(suffixes.begin(), suffixes.end(),
+              [](const Suffix& a, const Suffix& b) { return a.text < b.text; });
+}
+
+void TopicPathFinder::MakeInnerSuffixes() {
+    inner_made_ = true;
+    for (int row = 1; row <= topics_.Count(); ++row) {
+        const std::string_view path = upper_[static_cast<std::size_t>(row - 1)];
+        for (std::size_t at = path.find('\\'); at != npos; at = path.find('\\', at + 1)) {
+            inner_.push_back({path.substr(at + 1), row});
+        }
+    }
+    Sort(inner_);
+}
+
+int TopicPathFinder::Lowest(const std::vector<Suffix>& suffixes, std::string_view upper,
+                            bool inner) const {
+    int lowest = 0;
+    auto suffix = std::lower_bound(suffixes.begin(), suffixes.end(), upper,
+                                   [](const Suffix& a, std::string_view b) { return a.text < b; });
+    for (; suffix != suffixes.end() && suffix->text.starts_with(upper); ++suffix) {
+        if (lowest != 0 && suffix->row >= lowest) continue;
+        if (inner) {
+            const std::string_view path = upper_[static_cast<std::size_t>(suffix->row - 1)];
+            if (path.find(upper) != path.size() - suffix->text.size()) continue;
+        }
+        lowest = suffix->row;
+    }
+    return lowest;
+}
+
+ListRow* TopicPathFinder::Find(std::string_view path) {
+    // Each path is sought once. A path that many rows begin with has few others beside it that
+    // they begin with too, so the whole work stays in step with the text of the table.
+    const auto [known, is_new] = found_.try_emplace(UpperUnicode(path), 0);
+    const std::string& upper = known->first;
+    if (is_new) {
+        int row = Lowest(whole_, upper, false);
+        // A path with a drive can stand further in only where a full path has a second colon.
+        if (!Contains(upper, ":") || has_inner_colon_) {
+            if (!inner_made_) MakeInnerSuffixes();
+            const int inner = Lowest(inner_, upper, true);
+            if (row == 0 || (inner != 0 && inner < row)) row = inner;
+        }
+        known->second = row;
+    }
+    return known->second == 0 ? nullptr : &topics_.At(known->second);
+}
+
+}  // namespace quorrel

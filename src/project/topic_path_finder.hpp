@@ -1,0 +1,50 @@
+// The topic that a path of the keyword index means.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "platform/controls/list_view.hpp"
+
+namespace quorrel {
+
+/// Gives the results of a scan over the rows from the first to the last that looks for the
+/// first place of a path inside each full path, case ignored, and takes a row where the path
+/// stands at the very beginning or behind a backslash. The path may be only the beginning of a
+/// longer name. Cost: one sort of the table, then a search a path.
+///
+/// The table must not change while the finder is in use.
+class TopicPathFinder {
+  public:
+    explicit TopicPathFinder(ListView& ListTopics);
+    /// The first row that the scan would take, or null.
+    [[nodiscard]] ListRow* Find(std::string_view path);
+
+  private:
+    /// A stretch of an upper-cased full path up to its end, and its row.
+    struct Suffix {
+        std::string_view text;
+        int row = 0;
+    };
+    /// Sorts `suffixes` by their text.
+    static void Sort(std::vector<Suffix>& suffixes);
+    void MakeInnerSuffixes();
+    /// The lowest row number with `upper` at the beginning of one of `suffixes`, or 0. With
+    /// `inner` only rows without an earlier place of it count.
+    [[nodiscard]] int Lowest(const std::vector<Suffix>& suffixes, std::string_view upper,
+                             bool inner) const;
+
+    ListView& topics_;
+    std::vector<std::string> upper_;  // full paths, by row - 1
+    std::vector<Suffix> whole_;
+    std::vector<Suffix> inner_;  // from behind each backslash, made when they can matter
+    bool inner_made_ = false;
+    bool has_inner_colon_ = false;
+    std::unordered_map<std::string, int> found_;
+};
+
+}  // namespace quorrel

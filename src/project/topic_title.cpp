@@ -1,0 +1,71 @@
+#include "project/topic_title.hpp"
+
+#include "platform/failure.hpp"
+#include "platform/text.hpp"
+#include "platform/text_lines.hpp"
+#include "platform/topic_encoding.hpp"
+#include "platform/unicode.hpp"
+
+namespace quorrel {
+namespace {
+
+constexpr std::size_t kHeadSize = 16 * 1024;
+
+/// What could be cut in two by the end of the head is left out.
+std::string_view WholeLines(std::string_view head) {
+    const std::size_t end = head.find_last_of("\r\n");
+    return end == npos ? std::string_view{} : head.substr(0, end + 1);
+}
+
+}  // namespace
+
+std::optional<std::string> ScanTopicTitle(std::string_view text, std::string_view path) {
+    TextLines lines(text);
+    std::string title;
+    bool in_title = false;
+    while (!lines.AtEnd()) {
+        const std::string_view line = lines.ReadLine();
+        if (in_title) {
+            const std::size_t end = line.find('<');
+            title.append(line.substr(0, end));
+            if (end != npos) return title;
+            title += ' ';
+        } else if (const std::size_t tag = FindIgnoringAsciiCase(line, "<TITLE"); tag != npos) {
+            const std::size_t begin = line.find('>', tag);
+            const std::size_t end = begin == npos ? npos : line.find('<', begin);
+            const std::string_view rest =
+                begin == npos ? std::string_view{} : line.substr(begin + 1);
+            if (end != npos) return std::string(line.substr(begin + 1, end - begin - 1));
+            title.assign(rest).append(" ");
+            in_title = true;
+        }
+        if (ContainsIgnoringAsciiCase(line, "<BODY")) return std::string(AfterLast(path, '\\'));
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view path, int code_page) {
+    try {
+        std::string bytes = files.ReadFileHead(path, kHeadSize);
+        const bool is_head = bytes.size() == kHeadSize;
+        const TextEncoding head_encoding = TopicEncoding(bytes, code_page);
+        const bool wide = head_encoding.form == TextEncoding::Form::kUtf16LittleEndian ||
+                          head_encoding.form == TextEncoding::Form::kUtf16BigEndian;
+        if (is_head && !wide) {
+            // ASCII is ASCII in all the other encodings, so an ASCII title needs no more.
+            const auto title = ScanTopicTitle(WholeLines(bytes), path);
+            if (title && IsAscii(*title)) return title;
+        }
+        if (is_head) bytes = files.ReadFile(path);
+        // Scanned before it is decoded: "<" and ">" are no part of a double-byte character.
+        if (!wide) {
+            auto title = ScanTopicTitle(bytes, path);
+            if (!title || IsAscii(*title)) return title;
+        }
+        return ScanTopicTitle(DecodeText(bytes, TopicEncoding(bytes, code_page)), path);
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace quorrel

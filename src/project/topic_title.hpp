@@ -1,0 +1,23 @@
+// The title of a topic file.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/file_system.hpp"
+
+namespace quorrel {
+
+/// The title of the HTML `text` of the file `path`, as found: not trimmed, its escapes left
+/// alone. A text that comes to its "<BODY" without a title gives the file's name, one that ends
+/// before gives nothing. A title over several lines has them joined by blanks.
+[[nodiscard]] std::optional<std::string> ScanTopicTitle(std::string_view text,
+                                                        std::string_view path);
+
+/// The same from the file, in its own encoding (`code_page` where it tells none), with no more
+/// of it read than needed. Nothing for a file that does not exist or cannot be read.
+[[nodiscard]] std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view path,
+                                                        int code_page);
+
+}  // namespace quorrel

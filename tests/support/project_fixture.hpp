@@ -1,0 +1,34 @@
+// A main form on real files, with settings of its own.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "app/main_form.hpp"
+#include "platform/native_file_system.hpp"
+#include "platform/plain_surface.hpp"
+#include "support/scratch_folder.hpp"
+#include "support/scripted_screen.hpp"
+
+namespace quorrel::test {
+
+class ProjectFixture : public testing::Test {
+  protected:
+    ProjectFixture() {
+        main.log.listener = [this](std::string_view line) { log_lines.emplace_back(line); };
+    }
+
+    /// Starts the edition and opens the project file of this name in the scratch folder.
+    void Open(std::string_view name, std::string_view edition = "html");
+
+    ScratchFolder folder;
+    NativeFileSystem files;
+    PlainSurface surface{files};
+    ScriptedScreen screen;
+    MainForm main{files, screen, surface, folder.Windows("settings"), MachineCodePage{}};
+    std::vector<std::string> log_lines;
+};
+
+}  // namespace quorrel::test

@@ -1,0 +1,79 @@
+// The tests' screen: answers from a list, and fails on a question that nobody expected.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/screen.hpp"
+
+namespace quorrel::test {
+
+class ScriptedScreen : public Screen {
+  public:
+    ~ScriptedScreen() override {
+        EXPECT_TRUE(answers_.empty()) << "a question was expected and not asked";
+        EXPECT_TRUE(files_.empty()) << "a file dialog was expected and not shown";
+        EXPECT_TRUE(forms_.empty()) << "form expected and not shown: " << forms_.front().first;
+    }
+
+    void ExpectMessage(std::string text, MessageAnswer answer = MessageAnswer::kOk) {
+        answers_.emplace_back(std::move(text), answer);
+    }
+    void ExpectFileDialog(std::string answer) { files_.push_back(std::move(answer)); }
+    /// `work` gets the form as it is shown.
+    void ExpectForm(std::string name, std::function<void(Form&)> work) {
+        forms_.emplace_back(std::move(name), std::move(work));
+    }
+    [[nodiscard]] const std::vector<std::string>& ShownForms() const { return shown_; }
+    [[nodiscard]] const FileDialog& LastFileDialog() const { return last_dialog_; }
+
+    void ShowModal(Form& form) override {
+        shown_.emplace_back(form.Name());
+        if (forms_.empty() || forms_.front().first != form.Name()) {
+            ADD_FAILURE() << "unexpected form " << form.Name();
+        } else {
+            const auto work = std::move(forms_.front().second);
+            forms_.pop_front();
+            work(form);
+        }
+        form.Unload();
+    }
+    MessageAnswer ShowMessage(const Message& message) override {
+        if (answers_.empty()) {
+            ADD_FAILURE() << "unexpected message: " << message.text;
+            return MessageAnswer::kCancel;
+        }
+        const auto [text, answer] = answers_.front();
+        answers_.pop_front();
+        EXPECT_EQ(message.text, text);
+        return answer;
+    }
+    std::string ChooseFile(const FileDialog& dialog) override {
+        last_dialog_ = dialog;
+        if (files_.empty()) {
+            ADD_FAILURE() << "unexpected file dialog: " << dialog.title;
+            return {};
+        }
+        std::string answer = files_.front();
+        files_.pop_front();
+        return answer;
+    }
+    void SetPointer(Pointer) override {}
+    void DoEvents() override {}
+    void Beep() override {}
+    void SetClipboardText(std::string_view) override {}
+
+  private:
+    std::deque<std::pair<std::string, MessageAnswer>> answers_;
+    std::deque<std::string> files_;
+    std::deque<std::pair<std::string, std::function<void(Form&)>>> forms_;
+    std::vector<std::string> shown_;
+    FileDialog last_dialog_;
+};
+
+}  // namespace quorrel::test
