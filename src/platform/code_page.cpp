@@ -40,6 +40,8 @@ class Converter {
         char* target = out.data();
         std::size_t room = out.size();
         if (iconv(handle_, &source, &left, &target, &room) != 0 || left != 0) return {};
+        // Some pages hold a letter back, for an accent that could follow.
+        if (iconv(handle_, nullptr, nullptr, &target, &room) != 0) return {};
         return {out.data(), out.size() - room};
     }
 

@@ -149,6 +149,7 @@ std::string NativeFileSystem::Resolve(std::string_view path) {
     // A NUL would end the name for the system and another file would be meant.
     if (Contains(path, std::string_view("\0", 1))) throw RuntimeError(kFileNotFound);
     std::string native = NameOfText(NativePath(path));
+    if (native.empty() && !path.empty()) return "/";  // the drive alone
     if (StatOf(native)) return native;
     std::string resolved = native.starts_with('/') ? "/" : "";
     std::size_t from = 0;
@@ -174,7 +175,8 @@ std::string NativeFileSystem::Resolve(std::string_view path) {
 std::string NativeFileSystem::Spelling(const std::string& folder, const std::string& name) {
     const auto status = StatOf(folder);
     if (!status || !S_ISDIR(status->st_mode)) return {};
-    const std::int64_t changed = Nanoseconds(status->st_mtim);
+    // Not the time of modification, which a program that unpacks files sets back.
+    const std::int64_t changed = Nanoseconds(status->st_ctim);
     Listing& listing = listings_[folder];
     if (!listing.settled || listing.changed != changed) {
         timespec now{};
@@ -247,20 +249,18 @@ bool NativeFileSystem::CopyFile(std::string_view from, std::string_view to, bool
 }
 
 bool NativeFileSystem::MoveFile(std::string_view from, std::string_view to) {
-    if (FileExists(to) || FolderExists(to)) {
-        // Giving a file another case of letters is no collision.
-        const auto source = StatOf(Resolve(from));
-        const auto target = StatOf(Resolve(to));
-        if (!source || !target || source->st_ino != target->st_ino ||
-            source->st_dev != target->st_dev) {
+    try {
+        const std::string source = Resolve(from);
+        std::string target = Resolve(to);
+        if (source == target) {
+            // The name found is the file's own: it may get another case of letters.
+            const std::string wanted = NameOfText(NativePath(to));
+            target = FolderOf(source) + "/" + std::string(AfterLast(wanted, '/'));
+            if (source != target && StatOf(target)) return false;
+        } else if (StatOf(target)) {
             return false;
         }
-        const std::string native = Resolve(from);
-        const std::string name(AfterLast(NameOfText(NativePath(to)), '/'));
-        return rename(native.c_str(), (FolderOf(native) + "/" + name).c_str()) == 0;
-    }
-    try {
-        return rename(Resolve(from).c_str(), Resolve(to).c_str()) == 0;
+        return rename(source.c_str(), target.c_str()) == 0;
     } catch (const RuntimeError&) {
         return false;
     }

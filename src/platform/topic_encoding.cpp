@@ -49,25 +49,37 @@ constexpr Charset kCharsets[] = {
 /// How far a charset declaration is looked for; browsers look at 1024 bytes.
 constexpr std::size_t kDeclarationReach = 4096;
 
+/// The name behind "charset=" in a tag without its ">".
+std::string_view CharsetIn(std::string_view tag) {
+    constexpr std::string_view kName = "CHARSET=";
+    const std::size_t at = FindIgnoringAsciiCase(tag, kName);
+    if (at == npos) return {};
+    tag.remove_prefix(at + kName.size());
+    const std::size_t first = tag.find_first_not_of(" \t\r\n\"'");
+    if (first == npos) return {};
+    tag.remove_prefix(first);
+    return tag.substr(0, tag.find_first_of(" \t\r\n\"';/"));
+}
+
 std::string_view DeclaredCharset(std::string_view bytes) {
     bytes = bytes.substr(0, kDeclarationReach);
     bytes = bytes.substr(0, FindIgnoringAsciiCase(bytes, "<BODY"));
-    constexpr std::string_view kName = "CHARSET=";
-    const std::size_t at = FindIgnoringAsciiCase(bytes, kName);
-    if (at == npos) return {};
-    bytes.remove_prefix(at + kName.size());
-    const std::size_t first = bytes.find_first_not_of(" \t\"'");
-    if (first == npos) return {};
-    bytes.remove_prefix(first);
-    return bytes.substr(0, bytes.find_first_of(" \t\r\n\"'>;/"));
+    for (std::size_t tag = FindIgnoringAsciiCase(bytes, "<META"); tag != npos;
+         tag = FindIgnoringAsciiCase(bytes, "<META", tag + 1)) {
+        const std::string_view name = CharsetIn(bytes.substr(tag, bytes.find('>', tag) - tag));
+        if (!name.empty()) return name;
+    }
+    return {};
 }
 
 }  // namespace
 
 int CodePageOfCharset(std::string_view name) {
     const std::string lower = LowerAscii(name);
-    if (lower.starts_with("windows-125") && lower.size() == 12) {
-        return static_cast<int>(LeadingNumber(std::string_view(lower).substr(8)));
+    constexpr std::string_view kWindows = "windows-125";
+    if (lower.starts_with(kWindows) && lower.size() == kWindows.size() + 1) {
+        const char last = lower.back();
+        return last >= '0' && last <= '8' ? 1250 + (last - '0') : 0;
     }
     const auto* const found = std::find_if(std::begin(kCharsets), std::end(kCharsets),
                                            [&](const Charset& set) { return set.name == lower; });

@@ -1,0 +1,124 @@
+#include "cli/cli.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <sstream>
+#include <vector>
+
+#include "support/scratch_folder.hpp"
+
+namespace quorrel {
+namespace {
+
+struct Outcome {
+    int code = 0;
+    std::string out, err;
+};
+
+Outcome RunProgram(std::vector<const char*> arguments, const std::string& input = {}) {
+    arguments.insert(arguments.begin(), "quorrel-cli");
+    std::istringstream in(input);
+    std::ostringstream out;
+    std::ostringstream err;
+    const int code = RunCli(static_cast<int>(arguments.size()), arguments.data(), in, out, err);
+    return {code, out.str(), err.str()};
+}
+
+class Cli : public testing::Test {
+  protected:
+    Cli() { setenv("XDG_CONFIG_HOME", folder.Native("config").c_str(), 1); }
+    test::ScratchFolder folder;
+};
+
+TEST_F(Cli, DumpsAProject) {
+    folder.Write("g.hhp", "[OPTIONS]\nTitle=\"G\"\\\xE9\n[FILES]\na.htm\n;Title=A\x01\n");
+    folder.Write("g.hhc", "<LI><OBJECT>\n<param name=Name value=N>\n</OBJECT>\n");
+    folder.Write("g.hhk", "<LI><OBJECT>\n<param name=Name value=K>\n</OBJECT>\n");
+    const std::string file = folder.Native("g.hhp");
+    const Outcome outcome = RunProgram({"--edition", "html", "dump", file.c_str()});
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(outcome.err, "MainForm OpenProject Click: 35600 Index out of bounds\n");
+    const auto json = [&](std::string_view name) {
+        std::string text;
+        for (const char c : folder.Windows(name)) text += c == '\\' ? "\\\\" : std::string(1, c);
+        return "\"" + text + "\"";
+    };
+    EXPECT_EQ(
+        outcome.out,
+        "{\"edition\":\"html\",\"help_mode\":0,\"proj\":" + json("g.hhp") + ",\"proj_path\":" +
+            json("") + ",\"hhcfile\":" + json("g.hhc") + ",\"hhkfile\":" + json("g.hhk") +
+            ",\"java_map_file\":\"\",\"doc_outline\":" + json("g.out") +
+            ",\"status_file\":" + json("g.stn") +
+            ",\"project_title\":\"\\\"G\\\"\\\\\xC3\xA9\",\"project_def_topic\":" + json("a.htm") +
+            ",\"next_integer\":0,\"javahelp_do_fts\":false,\"site_properties_toc\":\"\","
+            "\"site_properties_index\":\"\",\"ListTopics\":[{\"Text\":\"A\\u0001\",\"SubItems\":["
+            "\"a\","
+            "\"\\\\a.htm\",\"\",\"\",\"\",\"\"," +
+            json("a.htm") +
+            "]}],\"ListAliases\":[],\"ListKeywords\":[{\"Text\":\"K\",\"SubItems\":[\"\",\"K\"]}],"
+            "\"Tree1\":[{\"Text\":\"N\",\"Image\":3,\"SelectedImage\":3,\"Tag\":\"#^##^#,,,,#^#\","
+            "\"Children\":[]}],\"TreeDoc\":[]}\n");
+}
+
+TEST_F(Cli, AProjectThatCannotBeReadIsAFailure) {
+    folder.Write("java.hs", "<helpset>");
+    for (const std::string& name :
+         {folder.Native("none.hhp"), folder.Native(), folder.Native("java.hs")}) {
+        const Outcome outcome = RunProgram({"dump", name.c_str()});
+        EXPECT_EQ(outcome.code, 1) << name;
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_NE(outcome.err.find(name), std::string::npos) << outcome.err;
+    }
+}
+
+TEST_F(Cli, WrongUseIsTold) {
+    for (const std::vector<const char*>& arguments : std::vector<std::vector<const char*>>{
+             {}, {"dump"}, {"fly"}, {"--edition", "x", "dump", "a"}, {"dump", "a", "b"}}) {
+        const Outcome outcome = RunProgram(arguments);
+        EXPECT_EQ(outcome.code, 2);
+        EXPECT_NE(outcome.err, "");
+        EXPECT_EQ(outcome.out, "");
+    }
+    EXPECT_EQ(RunProgram({"--version"}).out, "quorrel-cli " QUORREL_VERSION "\n");
+    const Outcome help = RunProgram({"--help"});
+    EXPECT_EQ(help.code, 0);
+    EXPECT_NE(help.out.find("tagvalue"), std::string::npos);
+}
+
+TEST_F(Cli, RunsTagValueOnLines) {
+    const Outcome outcome = RunProgram(
+        {"tagvalue"},
+        "{\"text\":\"<a "
+        "x=\\u00e91>\",\"start\":1,\"attribute\":\"X\",\"value\":\"\",\"mode\":0}\r\n\n"
+        "{\"text\":\"\\u00e9\\u00e9<a x=1><b "
+        "x=2>\",\"start\":10,\"attribute\":\"X\",\"value\":\"\",\"mode\":0}\n"
+        "{\"text\":\"<td>\",\"start\":1,\"attribute\":\"W\",\"value\":\"1\",\"mode\":2}\n"
+        "{\"text\":\"<td>\",\"start\":-3,\"attribute\":\"W\",\"value\":\"1\",\"mode\":2}");
+    EXPECT_EQ(outcome.out,
+              "{\"result\":\"\xC3\xA9"
+              "1\"}\n{\"result\":\"2\"}\n{\"result\":\"<td W>\"}\n{\"result\":\"\"}\n");
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_EQ(RunProgram({"tagvalue"}, "nonsense").code, 2);
+    EXPECT_EQ(RunProgram({"tagvalue"}, std::string(1000000, '[')).code, 2);
+}
+
+TEST_F(Cli, RunsPathRoutinesOnLines) {
+    const Outcome outcome = RunProgram(
+        {"paths"},
+        "{\"fn\":\"MakeFullPath\",\"args\":[\"a/"
+        "b\"],\"proj_path\":\"C:\\\\p\",\"main_path\":\"\"}\n"
+        "{\"fn\":\"MakeFullPathRel\",\"args\":[\"..\\\\b\",\"C:\\\\p\\\\q\\\\x\"]}\n"
+        "{\"fn\":\"MakeRelPathRel\",\"args\":[\"C:\\\\p\\\\b\",\"C:\\\\p\\\\x\"]}\n"
+        "{\"fn\":\"GetRelativePath\",\"args\":[\"C:\\\\p\\\\b\"],\"main_path\":\"C:\\\\p\\\\x\"}\n"
+        "{\"fn\":\"FormatRGBString\",\"args\":[255]}\n{\"fn\":\"RevFormatRGBString\",\"args\":[\"#"
+        "ff0000\"]}\n");
+    EXPECT_EQ(
+        outcome.out,
+        "{\"result\":\"C:\\\\p\\\\a\\\\b\"}\n{\"result\":\"C:\\\\p\\\\b\"}\n{\"result\":\"b\"}\n"
+        "{\"result\":\"b\"}\n{\"result\":\"#FF0000\"}\n{\"result\":255}\n");
+    EXPECT_EQ(RunProgram({"paths"}, "{\"fn\":\"Nothing\",\"args\":[\"\"]}").code, 2);
+}
+
+}  // namespace
+}  // namespace quorrel

@@ -1,0 +1,174 @@
+#include "formats/htmlhelp/hhk.hpp"
+
+#include <gtest/gtest.h>
+
+#include "platform/text.hpp"
+#include "support/project_fixture.hpp"
+
+namespace quorrel {
+namespace {
+
+class Keywords : public testing::Test {
+  protected:
+    void Read(std::string_view text) {
+        ReadKeywords(text, "C:\\p", keywords, topics.ListTopics, Trap(log, "test: "));
+    }
+    [[nodiscard]] std::string Write() const { return WriteKeywords(keywords, "C:\\p\\guide.hhp"); }
+    /// What is written between the head and the tail.
+    [[nodiscard]] std::string Body() const {
+        const std::string text = Write();
+        const std::size_t begin = text.find("<UL>\r\n") + 6;
+        return text.substr(begin, text.rfind("</UL>\r\n") - begin);
+    }
+    void AddTopic(std::string title, std::string path) {
+        topics.ListTopics.Add(std::move(title)).SetSubItem(topic_cell::kFullPath, std::move(path));
+    }
+    void AddRow(std::string text, std::string key, std::string targets) {
+        ListRow& row = keywords.ListKeywords.Add(std::move(text));
+        row.SetSubItem(keyword_cell::IDX_FULLKEY, std::move(key));
+        row.SetSubItem(keyword_cell::IDX_TITLEPATH, std::move(targets));
+    }
+    [[nodiscard]] std::vector<std::string> Rows() const {
+        std::vector<std::string> rows;
+        for (int i = 1; i <= keywords.ListKeywords.Count(); ++i) {
+            const ListRow& row = keywords.ListKeywords.At(i);
+            rows.push_back(row.Text() + "|" + row.SubItems(2) + "|" + row.SubItems(1));
+        }
+        return rows;
+    }
+    using Lines = std::vector<std::string>;
+
+    ErrorLog log{[this](std::string_view line) { log_lines.emplace_back(line); }};
+    Lines log_lines;
+    TopicTables topics;
+    KeywordState keywords;
+};
+
+std::string Param(std::string_view name, std::string_view value) {
+    return "<param name=\"" + std::string(name) + "\" value=\"" + std::string(value) + "\">\n";
+}
+std::string Entry(std::string_view keyword, std::string_view more = {}) {
+    return "<LI> <OBJECT type=\"text/sitemap\">\n" + Param("Name", keyword) + std::string(more) +
+           "</OBJECT>\n";
+}
+
+TEST_F(Keywords, BecomeRowsWithTargets) {
+    AddTopic("A", "C:\\p\\a.htm");
+    AddTopic("B", "C:\\P\\Q\\B.htm");
+    Read("<UL>\n" +
+         Entry("print", Param("Name", "A") + Param("Local", "a.htm") + Param("name", "B") +
+                            Param("LOCAL", "\\q\\b.htm")) +
+         "<UL>\n" + Entry("setup", Param("Local", "D:/x.htm")) + "</UL>\n" +
+         Entry("zoom", Param("See Also", "size")) + Entry("Apple", Param("Name", "only a title")));
+    EXPECT_EQ(Rows(),
+              (Lines{"Apple|Apple|only a title", "print|print|A>C:\\p\\a.htm;:B>C:\\p\\q\\b.htm;:",
+                     "      setup|print    :setup|>D:/x.htm;:", "zoom|zoom|SEE ALSO: size>"}));
+    EXPECT_EQ(topics.ListTopics.At(1).SubItems(topic_cell::kKeywords), "print;");
+    EXPECT_EQ(topics.ListTopics.At(2).SubItems(topic_cell::kKeywords), "print;");
+}
+
+TEST_F(Keywords, DeeperEntriesKnowOnlyTheKeywordBefore) {
+    Read("<UL>\n" + Entry("a") + "<UL>\n" + Entry("b") + "<UL>\n" + Entry("c") + "</UL>\n" +
+         Entry("d"));
+    EXPECT_EQ(Rows(),
+              (Lines{"a|a|", "      b|a    :b|", "         c|b    :c|", "      d|b    :d|"}));
+}
+
+TEST_F(Keywords, ParamsBeforeTheFirstNameAreIgnored) {
+    Read("<LI><OBJECT>\n" + Param("See Also", "x") + Param("Local", "y.htm") + Param("Name", "k") +
+         "</OBJECT>\n");
+    EXPECT_EQ(Rows(), (Lines{"k|k|"}));
+    // An end of an object outside an entry empties the last row once more.
+    Read(Entry("m", Param("Local", "a.htm")) + "</OBJECT>\n");
+    EXPECT_EQ(Rows().back(), "m|m|");
+}
+
+TEST_F(Keywords, ATopicKeepsAKeyOnce) {
+    AddTopic("A", "C:\\p\\a.htm");
+    Read(Entry("fonts", Param("Local", "a.htm") + Param("Local", "A.HTM")) +
+         Entry("font", Param("Local", "a.htm")));
+    // "font" stands in "fonts" already.
+    EXPECT_EQ(topics.ListTopics.At(1).SubItems(topic_cell::kKeywords), "fonts;");
+}
+
+TEST_F(Keywords, AreWrittenInTwoLevels) {
+    AddRow("a", "a", "");
+    AddRow("      b \"1\"", "a    :b", "T <1>>C:\\p\\q\\t.htm;:no mark;:>D:\\u.htm;:");
+    AddRow("         c", "b    :c", "x>SEE ALSO:   other>;:");
+    AddRow("d", "d", "SEE ALSO: e>");
+    EXPECT_EQ(Body(),
+              "     <LI><OBJECT type=\"text/sitemap\">\r\n"
+              "         <param name=\"Name\" value=\"a\">\r\n"
+              "         <param name=\"See Also\" value=\"a\">\r\n"
+              "     </OBJECT>\r\n"
+              "     <UL>\r\n"
+              "          <LI><OBJECT type=\"text/sitemap\">\r\n"
+              "              <param name=\"Name\" value=\"b \"1\"\">\r\n"
+              "              <param name=\"Name\" value=\"T <1\">\r\n"
+              "              <param name=\"Local\" value=\"q\\t.htm\">\r\n"
+              "              <param name=\"Name\" value=\"\">\r\n"
+              "              <param name=\"Local\" value=\"D:\\u.htm\">\r\n"
+              "          </OBJECT>\r\n"
+              "          <LI><OBJECT type=\"text/sitemap\">\r\n"
+              "              <param name=\"Name\" value=\"c\">\r\n"
+              "              <param name=\"See Also\" value=\"other\">\r\n"
+              "          </OBJECT>\r\n"
+              "     </UL>\r\n"
+              "     <LI><OBJECT type=\"text/sitemap\">\r\n"
+              "         <param name=\"Name\" value=\"d\">\r\n"
+              "         <param name=\"See Also\" value=\"e\">\r\n"
+              "     </OBJECT>\r\n");
+}
+
+TEST_F(Keywords, ALastSubEntryLeavesItsListOpen) {
+    AddRow("a", "a", "A>C:\\p\\a.htm;:");
+    AddRow("      b", "a    :b", "A>C:\\p\\a.htm;:");
+    const std::string text = Write();
+    const auto count = [&](std::string_view tag) {
+        std::size_t n = 0;
+        for (std::size_t at = text.find(tag); at != npos; at = text.find(tag, at + 1)) ++n;
+        return n;
+    };
+    EXPECT_EQ(count("<UL>"), 2U);
+    EXPECT_EQ(count("</UL>"), 1U);
+}
+
+TEST_F(Keywords, WhatWasWrittenReadsBackTheSame) {
+    AddTopic("A", "C:\\p\\a.htm");
+    Read(Entry("a", Param("Name", "A") + Param("Local", "a.htm")) + "<UL>\n" +
+         Entry("b", Param("Name", "B") + Param("Local", "q\\b.htm")) + "</UL>\n" + Entry("c"));
+    Lines before = Rows();
+    const std::string text = Write();
+    keywords.ListKeywords.Clear();
+    Read(text);
+    // A keyword that leads nowhere refers to itself from then on.
+    before.back() = "c|c|SEE ALSO: c>";
+    EXPECT_EQ(Rows(), before);
+    EXPECT_EQ(Write(), text);
+}
+
+TEST_F(Keywords, NestingWithoutEndStaysWithinTheMemory) {
+    std::string text = Entry("top");
+    for (int i = 0; i < 400000; ++i) text += "<UL>\n";
+    for (int i = 0; i < 500; ++i) text += Entry("x" + std::to_string(i));
+    Read(text);
+    EXPECT_EQ(keywords.ListKeywords.Count(), 501);
+    EXPECT_EQ(log_lines, (Lines{"test: 7 Out of memory"}));
+}
+
+class IndexFile : public test::ProjectFixture {};
+
+TEST_F(IndexFile, IsAlwaysWrittenAndKeepsABackup) {
+    main.project.proj = folder.Windows("guide.hhp");
+    folder.Write("guide.hhk", "old");
+    HTMLWriteIndex(main);
+    EXPECT_EQ(folder.Read("guide.hhk.bak"), "old");
+    ReadIndex(main);
+    EXPECT_EQ(main.keywords.ListKeywords.Count(), 0);
+    main.project.hhkfile = folder.Windows("none.hhk");
+    ReadIndex(main);
+    EXPECT_EQ(log_lines, (std::vector<std::string>{"MainForm ReadIndex: 53 File not found"}));
+}
+
+}  // namespace
+}  // namespace quorrel

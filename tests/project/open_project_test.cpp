@@ -1,0 +1,208 @@
+#include "project/open_project.hpp"
+
+#include <algorithm>
+
+#include "app/startup.hpp"
+#include "contents/node_data.hpp"
+#include "platform/text.hpp"
+#include "support/project_fixture.hpp"
+
+namespace quorrel {
+namespace {
+
+class OpenProject : public test::ProjectFixture {
+  protected:
+    /// Two topics, a contents file with a heading first, an index, aliases and numbers.
+    void WriteProject() {
+        folder.Write(
+            "p/guide.hhp",
+            "[OPTIONS]\r\nTitle=Guide\r\nContents file=TOC.hhc\r\nIndex file=sub\\i.hhk\r\n"
+            "[FILES]\r\nhtml\\b.htm\r\n;Title=Bee\r\nHTML\\a.htm\r\n\r\n"
+            "[ALIAS]\r\n#include guide.ali\r\n[MAP]\r\n#include guide.h\r\n");
+        folder.Write("p/Html/A.HTM", "<html><title>Ay</title><body>text of a</body></html>");
+        folder.Write("p/Html/b.htm", "<html><body>text of b</body></html>");
+        folder.Write(
+            "p/toc.HHC",
+            "<UL>\r\n<LI><OBJECT>\r\n<param name=\"Name\" value=\"Head\">\r\n</OBJECT>\r\n<UL>\r\n"
+            "<LI><OBJECT>\r\n<param name=\"Name\" value=\"A\">\r\n"
+            "<param name=\"Local\" value=\"html/a.htm#x\">\r\n</OBJECT>\r\n</UL>\r\n");
+        folder.Write("p/sub/i.hhk",
+                     "<LI><OBJECT>\r\n<param name=\"Name\" value=\"key\">\r\n"
+                     "<param name=\"Local\" value=\"html\\a.htm\">\r\n</OBJECT>\r\n");
+        folder.Write("p/guide.ali", "IDH_A=html\\a.htm\r\n");
+        folder.Write("p/guide.h", "#define IDH_A 7\r\n");
+    }
+    static constexpr std::string_view kProject = "p/guide.hhp";
+};
+
+TEST_F(OpenProject, FillsTheModelAndOpensTheFirstTopic) {
+    WriteProject();
+    Open(kProject);
+    EXPECT_EQ(log_lines, std::vector<std::string>{});
+    ASSERT_EQ(main.topics.ListTopics.Count(), 2);
+    const ListRow& a = main.topics.ListTopics.At(1);
+    EXPECT_EQ(a.Text(), "Ay");
+    EXPECT_EQ(a.SubItems(topic_cell::kMapId), "IDH_A");
+    EXPECT_EQ(a.SubItems(topic_cell::kInteger), "7");
+    EXPECT_EQ(a.SubItems(topic_cell::kLocation), "\\HTML\\a.htm");
+    EXPECT_EQ(a.SubItems(topic_cell::kKeywords), "key;");
+    EXPECT_EQ(main.topics.ListTopics.At(2).SubItems(topic_cell::kMapId), "b");
+    EXPECT_EQ(main.project.project_def_topic, folder.Windows("p/html/b.htm"));
+    EXPECT_EQ(main.project.hhkfile, folder.Windows("p/sub/i.hhk"));
+    EXPECT_EQ(main.project.next_integer, 7);
+    EXPECT_EQ(main.contents.Tree1.SelectedItem(), &main.contents.Tree1.At(2));
+    EXPECT_TRUE(main.contents.Tree1.At(1).Expanded);
+    EXPECT_EQ(surface.DocumentHTML(), folder.Read("p/Html/A.HTM"));
+    EXPECT_EQ(main.topics.current_topic_index, 1);
+    EXPECT_EQ(main.window.StatusBar1.Panel(1), "Ay");
+    EXPECT_EQ(main.window.StatusBar1.Panel(2), folder.Native("p/html/a.htm"));
+    EXPECT_EQ(main.window.window.Caption(), "Quorrel HTML Help Edition - Guide");
+    EXPECT_TRUE(main.project.proj_success);
+    EXPECT_TRUE(main.project.recent_proj.empty());
+}
+
+TEST_F(OpenProject, IsConvertedInMemoryByTheJavaHelpEdition) {
+    WriteProject();
+    Open(kProject, "");
+    EXPECT_EQ(main.project.help_mode, 1);
+    EXPECT_EQ(main.project.proj, folder.Windows("p/guide.hs"));
+    EXPECT_EQ(main.project.hhcfile, folder.Windows("p/guideTOC.xml"));
+    EXPECT_EQ(main.project.java_map_file, folder.Windows("p/guide.jhm"));
+    EXPECT_EQ(main.project.project_def_topic, folder.Windows("p/html/a.htm") + "#x");
+    EXPECT_TRUE(main.contents.toc_dirty);
+    EXPECT_TRUE(main.keywords.index_dirty);
+    EXPECT_FALSE(main.project.project_dirty);
+    EXPECT_FALSE(folder.Exists("p/guide.hs"));
+    ASSERT_EQ(main.topics.ListAliases.Count(), 1);
+    EXPECT_EQ(main.topics.ListAliases.At(1).Text(), "a_htm_x");
+}
+
+TEST_F(OpenProject, ReadsAsFarAsItCan) {
+    folder.Write("p/guide.hhp", "[FILES]\nmissing.htm\n");
+    Open(kProject);
+    EXPECT_EQ(log_lines, (std::vector<std::string>{"MainForm ReadTOC: 53 File not found",
+                                                   "MainForm ReadIndex: 53 File not found"}));
+    EXPECT_EQ(main.project.project_title, "Untitled");
+    EXPECT_EQ(main.window.StatusBar1.Panel(1), "");
+    EXPECT_EQ(surface.DocumentHTML(), "");
+    // A tree without a location runs off its end.
+    folder.Write("p/guide.hhc", "<LI><OBJECT>\n<param name=\"Name\" value=\"x\">\n</OBJECT>\n");
+    Open(kProject);
+    EXPECT_EQ(log_lines.back(), "MainForm OpenProject Click: 35600 Index out of bounds");
+    EXPECT_TRUE(main.project.proj_success);
+}
+
+TEST_F(OpenProject, NothingOfTheProjectBeforeStays) {
+    WriteProject();
+    folder.Write("p/guide.out", "<LI><OBJECT>\n<param name=\"Name\" value=\"Doc\">\n</OBJECT>\n");
+    Open(kProject);
+    EXPECT_EQ(main.outline.TreeDoc.Count(), 1);
+    folder.Write("q/other.hhp", "[OPTIONS]\nTitle=Other\n");
+    main.project.recent_proj = folder.Windows("q/other.hhp");
+    OpenProject_Click(main);
+    EXPECT_EQ(main.topics.ListTopics.Count() + main.contents.Tree1.Count() +
+                  main.keywords.ListKeywords.Count() + main.outline.TreeDoc.Count(),
+              0);
+    EXPECT_EQ(main.project.java_map_file, "");
+    EXPECT_EQ(main.editor.main_path, "");
+    EXPECT_EQ(surface.DocumentHTML(), "");
+    EXPECT_EQ(main.window.window.Caption(), "Quorrel HTML Help Edition - Other");
+}
+
+TEST_F(OpenProject, TheFolderOfNewTopicsComesFromTheSideFile) {
+    WriteProject();
+    folder.Write("p/guide.prj", "[Settings]\nhtml=Pages\nimages=Pics\n");
+    Open(kProject);
+    EXPECT_EQ(main.project.Images_Subdir, "Pics");
+    EXPECT_EQ(main.project.last_file_path, folder.Windows("p") + "\\Pages");
+    // A folder that is gone is replaced by that of the project opened before.
+    folder.Write("p/guide.prj", "[Settings]\nlast_path=" + folder.Windows("gone") + "\n");
+    Open(kProject);
+    EXPECT_EQ(main.project.last_file_path, folder.Windows("p"));
+}
+
+TEST_F(OpenProject, ACancelledDialogChangesNothing) {
+    WriteProject();
+    Open(kProject);
+    main.project.proj_success = false;
+    screen.ExpectFileDialog("");
+    OpenProject_Click(main);
+    EXPECT_EQ(screen.LastFileDialog().filter, "HTML Help Project Files (*.hhp)|*.hhp");
+    EXPECT_FALSE(main.project.proj_success);
+    EXPECT_EQ(main.topics.ListTopics.Count(), 2);
+}
+
+TEST_F(OpenProject, ARemoteFirstItemIsOnlyTold) {
+    WriteProject();
+    folder.Write("p/toc.HHC",
+                 "<LI><OBJECT>\n<param name=\"Name\" value=\"W\">\n<param name=\"Local\" "
+                 "value=\"http://x\">\n</OBJECT>\n");
+    screen.ExpectMessage("This item is linked to the remote URL: http:\\\\x");
+    Open(kProject);
+    EXPECT_EQ(main.editor.main_path, "");
+}
+
+TEST_F(OpenProject, TheWorkingCopyIsLoadedWhenTheTopicIsMissing) {
+    WriteProject();
+    std::filesystem::remove(folder.Native("p/Html/A.HTM"));
+    folder.Write("p/Html/a.htm.tmp.htm", "copy");
+    folder.Write("p/guide.hhp", "[OPTIONS]\nContents file=toc.hhc\n");
+    Open(kProject);
+    EXPECT_EQ(surface.DocumentHTML(), "copy");
+    EXPECT_EQ(main.editor.main_path, folder.Windows("p/html/a.htm"));
+}
+
+TEST_F(OpenProject, TheCodePageIsThatOfTheProject) {
+    folder.Write(
+        "p/guide.hhp",
+        "[OPTIONS]\nLanguage=0x419 Russian\nTitle=\xC6\n[FILES]\na.htm\n;Title=\xC6\nb.htm\n\n");
+    folder.Write("p/b.htm", "<title>\xC6</title>");
+    Open(kProject);
+    EXPECT_EQ(main.project.project_title, "\xD0\x96");
+    EXPECT_EQ(main.topics.ListTopics.At(2).Text(), "\xD0\x96");
+}
+
+TEST_F(OpenProject, TheArrowPicturesAreCopiedAndNeverReplaced) {
+    WriteProject();
+    folder.Write("home/Topic Templates/htmlhelp/rtex.gif", "new");
+    folder.Write("home/Topic Templates/htmlhelp/dwnex.gif", "new");
+    folder.Write("settings/qrrl_hj.ini",
+                 "[Locations]\nmain dir=" + folder.Windows("home") + "\\\n");
+    folder.Write("p/dwnex.gif", "mine");
+    Open(kProject);
+    EXPECT_EQ(folder.Read("p/rtex.gif"), "new");
+    EXPECT_EQ(folder.Read("p/dwnex.gif"), "mine");
+}
+
+TEST_F(OpenProject, ALostRecentEntryIsToldAndStays) {
+    LoadSettings(main, "html");
+    main.recent.recent_list[0] = folder.Windows("gone.hhp") + "|Gone";
+    screen.ExpectMessage("Cannot find file " + folder.Native("gone.hhp") + ".");
+    recent_Click(main, 0);
+    EXPECT_FALSE(main.recent.recent_list[0].empty());
+    EXPECT_FALSE(main.project.proj_success);
+}
+
+TEST_F(OpenProject, DamagedFilesAreReadAsFarAsTheyGo) {
+    const std::string ten_megabytes(10'000'000, 'x');
+    const std::string nul(1, '\0');
+    const std::string cases[] = {
+        "[FILES]\r#include\r" + ten_megabytes + "\r;Title=" + ten_megabytes,
+        "[OPTIONS]\nTitle=a" + nul + "b\n[FILES]\na" + nul +
+            ".htm\n[ALIAS]\n#include guide.hhp\n[MAP]\n#include guide.hhp",
+        "\xEF\xBB\xBF[OPTIONS]\nTitle=\xC3\xA9\n",
+        "\xFF\xFE[" + nul,
+        std::string(200000, '[') + "\n" + std::string(200000, '='),
+    };
+    for (const std::string& text : cases) {
+        folder.Write("p/guide.hhp", text);
+        folder.Write("p/guide.hhc", text);
+        folder.Write("p/guide.hhk",
+                     "<LI>\r<param name=name value=\"" + ten_megabytes + "\">\r" + text);
+        Open(kProject);
+        EXPECT_TRUE(main.project.proj_success);
+    }
+}
+
+}  // namespace
+}  // namespace quorrel

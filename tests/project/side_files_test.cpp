@@ -1,0 +1,93 @@
+#include "project/side_files.hpp"
+
+#include "platform/text.hpp"
+#include "support/project_fixture.hpp"
+
+namespace quorrel {
+namespace {
+
+class SideFiles : public test::ProjectFixture {
+  protected:
+    SideFiles() {
+        main.project.proj = folder.Windows("p/guide.hhp");
+        folder.Write("p/guide.hhp", "[OPTIONS]\r\nTitle=Guide\r\n");
+        main.editor.main_path = folder.Windows("p/html/intro.htm");
+    }
+    void Store(std::string value) {
+        folder.Write("p/guide.stn", "[status]\r\nintro.htm=" + value + "\r\n");
+    }
+    struct Shown {
+        int status;
+        std::string notes, tip;
+        bool visible;
+        bool operator==(const Shown&) const = default;
+    };
+    Shown Get() {
+        GetStatusNotes(main);
+        const WindowControls& window = main.window;
+        return {window.ComboStatus.ListIndex, window.TextNotes.Text, window.CommandNote.ToolTipText,
+                window.CommandNote.Visible};
+    }
+};
+
+TEST_F(SideFiles, StatusAndNotesAreSplitAtTheFirstComma) {
+    EXPECT_EQ(Get(), (Shown{0, "", "", false}));
+    Store("2,check, then||print");
+    EXPECT_EQ(Get(), (Shown{2, "check, then\r\nprint", "check, then print", true}));
+    Store(",");
+    EXPECT_EQ(Get(), (Shown{0, "", "", true}));
+    Store(",x");
+    EXPECT_EQ(Get(), (Shown{0, "", "", true}));
+    Store(",xy");
+    EXPECT_EQ(Get(), (Shown{0, "xy", "xy", true}));
+    Store("3");
+    EXPECT_EQ(Get(), (Shown{0, "", "", true}));
+    Store("");
+    EXPECT_EQ(Get(), (Shown{0, "", "", false}));
+}
+
+TEST_F(SideFiles, ALongNoteIsCutAndItsToolTipShortened) {
+    const std::string letters(2997, 'n');
+    main.window.TextNotes.Text = letters;
+    main.window.ComboStatus.ListIndex = 12;
+    SetStatusNotes(main);
+    EXPECT_NE(folder.Read("p/guide.stn").find("=12," + letters + "\r\n"), npos);
+    const Shown shown = Get();
+    EXPECT_EQ(shown.notes.size(), kStatusLimit - 3);
+    EXPECT_EQ(shown.tip, std::string(200, 'n') + "...");
+}
+
+TEST_F(SideFiles, AnEmptyStatusClearsAnEntryAndMakesNone) {
+    SetStatusNotes(main);
+    EXPECT_FALSE(folder.Exists("p/guide.stn"));
+    Store("1,x");
+    main.window.ComboStatus.ListIndex = 0;
+    SetStatusNotes(main);
+    EXPECT_EQ(folder.Read("p/guide.stn"), "[status]\r\nintro.htm=\r\n");
+    EXPECT_FALSE(Get().visible);
+}
+
+TEST_F(SideFiles, ProjectKeysAreCutAt299Characters) {
+    EXPECT_EQ(Gethhp(main, "options", "TITLE", ""), "Guide");
+    std::string umlauts;
+    for (int i = 0; i < 400; ++i) umlauts += "\xC3\xBC";
+    SetProj(main, "Settings", "html", umlauts);
+    EXPECT_EQ(GetProj(main, "Settings", "html", "x"), umlauts.substr(0, 2 * 299));
+    // The side file is in the code page.
+    EXPECT_EQ(folder.Read("p/guide.prj"),
+              "[Settings]\r\nhtml=" + std::string(400, '\xFC') + "\r\n");
+    EXPECT_EQ(GetProj(main, "Settings", "images", "Images"), "Images");
+}
+
+TEST_F(SideFiles, TheImageMapCountIsKeptByTheMachine) {
+    EXPECT_EQ(ReadImageMapCount(main), 0);
+    EXPECT_TRUE(WriteImageMapCount(main, 7));
+    EXPECT_EQ(folder.Read("settings/guide.prj"), "[IMAGE MAP]\r\nMapCount=7\r\n");
+    EXPECT_FALSE(folder.Exists("p/guide.prj"));
+    EXPECT_EQ(ReadImageMapCount(main), 7);
+    folder.Write("settings/guide.prj", "[IMAGE MAP]\r\nMapCount=-7\r\n");
+    EXPECT_EQ(ReadImageMapCount(main), 0);
+}
+
+}  // namespace
+}  // namespace quorrel
