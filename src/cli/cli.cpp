@@ -21,8 +21,7 @@ namespace {
 std::string WhyUnreadable(FileSystem& files, const std::string& path) {
     try {
         (void)files.ReadFileHead(path, 1);
-        return IsJavaHelpProject(path) ? "JavaHelp projects (.hs) cannot be opened by this version"
-                                       : "";
+        return {};
     } catch (const RuntimeError& error) {
         return error.what();
     }
@@ -66,7 +65,7 @@ int RunCli(int argc, const char* const* argv, std::istream& in, std::ostream& ou
 
     std::string project;
     CLI::App* dump = app.add_subcommand("dump", "Open a project and print it as JSON");
-    dump->add_option("PROJECT", project, "The project file (.hhp)")->required();
+    dump->add_option("PROJECT", project, "The project file (.hhp or .hs)")->required();
     CLI::App* tag_value = app.add_subcommand(
         "tagvalue", "Run TagValue on lines {text, start, attribute, value, mode} of JSON");
     app.add_subcommand(

@@ -1,5 +1,6 @@
 #include "platform/encoding.hpp"
 
+#include "platform/charset.hpp"
 #include "platform/text.hpp"
 #include "platform/unicode.hpp"
 
@@ -95,6 +96,18 @@ std::string RestoreReferences(std::string text, const CodePage& page) {
     return result.append(text, from);
 }
 
+/// The name in "<?xml ... encoding='name'".
+std::string_view DeclaredXmlEncoding(std::string_view bytes) {
+    if (!bytes.starts_with("<?xml")) return {};
+    bytes = bytes.substr(0, bytes.find("?>"));
+    constexpr std::string_view kName = "encoding";
+    const std::size_t at = bytes.find(kName);
+    const std::size_t quote = at == npos ? npos : bytes.find_first_of("'\"", at + kName.size());
+    if (quote == npos) return {};
+    const std::string_view name = bytes.substr(quote + 1);
+    return name.substr(0, name.find(bytes[quote]));
+}
+
 }  // namespace
 
 TextEncoding DetectEncoding(std::string_view bytes, int code_page) {
@@ -129,6 +142,23 @@ DecodedText DecodeProjectText(std::string bytes, int code_page) {
         text = RestoreReferences(std::move(text), CodePage::Get(code_page));
     }
     return {std::move(text), encoding};
+}
+
+DecodedText DecodeXmlText(std::string bytes, int code_page) {
+    const TextEncoding found = DetectEncoding(bytes, code_page);
+    if (found.form != Form::kAnsi && found.form != Form::kUtf8) {
+        return {DecodeText(bytes, found), found};
+    }
+    const int declared = CodePageOfCharset(DeclaredXmlEncoding(bytes));
+    if (declared == 0) return DecodeProjectText(std::move(bytes), code_page);
+    if (declared == kUtf8CodePage) {
+        const TextEncoding utf8{Form::kUtf8, code_page};
+        return {DecodeText(bytes, utf8), utf8};
+    }
+    const TextEncoding ansi{Form::kAnsi, declared};
+    std::string text = DecodeText(bytes, ansi);
+    if (Contains(text, "&#")) text = RestoreReferences(std::move(text), CodePage::Get(declared));
+    return {std::move(text), ansi};
 }
 
 std::string EncodeProjectText(std::string_view text, const TextEncoding& encoding) {

@@ -30,6 +30,10 @@ struct DecodedText {
 /// the code page lacks becomes that character; every other reference stays as text.
 [[nodiscard]] DecodedText DecodeProjectText(std::string bytes, int code_page);
 
+/// Decodes an XML file: by its mark, else by its declaration, else as a project file. The Latin
+/// encodings are read as their Windows relatives.
+[[nodiscard]] DecodedText DecodeXmlText(std::string bytes, int code_page);
+
 /// The inverse: a character that the code page lacks is written as a decimal reference, and a
 /// byte that had no meaning on reading is written as that byte.
 [[nodiscard]] std::string EncodeProjectText(std::string_view text, const TextEncoding& encoding);

@@ -25,6 +25,10 @@ std::string TextFiles::Read(std::string_view path) {
     return std::move(decoded.text);
 }
 
+std::string TextFiles::ReadXml(std::string_view path) {
+    return DecodeXmlText(files_.ReadFile(path), code_page_).text;
+}
+
 std::string TextFiles::Encoded(std::string_view path, std::string_view text) const {
     const auto known = encodings_.find(path);
     if (known != encodings_.end()) return EncodeProjectText(text, known->second);

@@ -29,6 +29,8 @@ class TextFiles {
     /// The text of a project file. Its encoding is kept for the next Write to this path. Raises
     /// as FileSystem::ReadFile.
     [[nodiscard]] std::string Read(std::string_view path);
+    /// The same of an XML file, whose declaration tells its encoding where no mark does.
+    [[nodiscard]] std::string ReadXml(std::string_view path);
     /// The bytes for a text that goes to `path`: in the encoding that the file was read in, else
     /// in the code page.
     [[nodiscard]] std::string Encoded(std::string_view path, std::string_view text) const;

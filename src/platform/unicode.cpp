@@ -1,5 +1,6 @@
 #include "platform/unicode.hpp"
 
+#include <algorithm>
 #include <clocale>
 #include <cstdint>
 #include <cstring>
@@ -130,8 +131,11 @@ char32_t NextUpper(std::string_view text, std::size_t& offset) {
 }  // namespace
 
 int CompareIgnoringCase(std::string_view a, std::string_view b) {
+    // Most names and paths differ behind a long stretch of equal ASCII.
+    const std::size_t shorter = std::min(a.size(), b.size());
     std::size_t i = 0;
-    std::size_t j = 0;
+    while (i < shorter && a[i] == b[i] && (static_cast<unsigned char>(a[i]) & 0x80) == 0) ++i;
+    std::size_t j = i;
     while (i < a.size() && j < b.size()) {
         const char32_t x = NextUpper(a, i);
         const char32_t y = NextUpper(b, j);

@@ -6,6 +6,7 @@
 #include "formats/htmlhelp/hhk.hpp"
 #include "formats/htmlhelp/hhp.hpp"
 #include "formats/htmlhelp/map_files.hpp"
+#include "formats/javahelp/helpset.hpp"
 #include "platform/text.hpp"
 #include "project/paths.hpp"
 #include "project/side_files.hpp"
@@ -48,8 +49,10 @@ void ClearModel(MainForm& main) {
     main.editor.main_path.clear();
     main.editor.temp_path.clear();
     main.DHTMLEdit1.NewDocument();
-    // A header of the project before would be looked for in the folder of this one.
+    // What the project's files do not say must not be that of the project before.
     main.project.java_map_file.clear();
+    main.project.project_title.clear();
+    main.project.project_def_topic.clear();
 }
 
 void DeriveFileNames(MainForm& main) {
@@ -127,6 +130,13 @@ void ReadHtmlHelpProject(MainForm& main, const Trap& trap) {
     main.editor.ActiveDirty = false;
 }
 
+void ReadJavaHelpProject(MainForm& main) {
+    ReadJavaHelpSet(main);
+    if (main.project.project_title.empty()) main.project.project_title = "Untitled";
+    UpdateCaption(main);
+    main.editor.ActiveDirty = false;
+}
+
 }  // namespace
 
 bool IsJavaHelpProject(std::string_view proj) {
@@ -142,22 +152,19 @@ void UpdateCaption(MainForm& main) {
 void OpenProject_Click(MainForm& main) {
     std::string chosen = ChooseProject(main);
     if (chosen.empty()) return;
-    if (IsJavaHelpProject(chosen)) {
-        main.screen.ShowMessage(
-            {"JavaHelp projects (.hs) cannot be opened by this version. "
-             "Open the project's .hhp file, if it has one.",
-             main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kInformation});
-        return;
-    }
     main.project.proj = std::move(chosen);
     const Trap trap(main.log, "MainForm OpenProject Click: ");
     main.project.proj_success = true;
     ReadProjectSettings(main);
     ClearModel(main);
-    main.project.help_mode = 0;
+    main.project.help_mode = IsJavaHelpProject(main.project.proj) ? 1 : 0;
     DeriveFileNames(main);
     main.screen.SetPointer(Pointer::kHourglass);
-    ReadHtmlHelpProject(main, trap);
+    if (main.project.help_mode == 1) {
+        ReadJavaHelpProject(main);
+    } else {
+        ReadHtmlHelpProject(main, trap);
+    }
     main.screen.SetPointer(Pointer::kNormal);
 }
 

@@ -25,10 +25,12 @@ std::string WriteMissing(std::string_view head, std::string_view tail, std::stri
 std::string Without(std::string_view text, std::string_view characters) {
     std::string result;
     result.reserve(text.size());
-    for (const char c : text) {
-        if (characters.find(c) == npos) result += c;
+    for (std::size_t at = text.find_first_of(characters); at != npos;
+         at = text.find_first_of(characters)) {
+        result.append(text.substr(0, at));
+        text.remove_prefix(at + 1);
     }
-    return result;
+    return result.append(text);
 }
 
 }  // namespace
@@ -59,7 +61,9 @@ std::string TagValue(std::string_view text, std::size_t start, std::string_view 
     if (close == npos) return {};
 
     if (mode == TagMode::kRead) {
-        return Without(tag.substr(open + 1, close - open - 1), quoted ? "\"" : "\" ");
+        const std::string_view old = tag.substr(open + 1, close - open - 1);
+        // A quoted value ends at its first quote, so there is none inside.
+        return quoted ? std::string(old) : Without(old, "\" ");
     }
     std::string_view tail = text.substr(close);
     if (tail.starts_with('"')) tail.remove_prefix(1);

@@ -19,7 +19,11 @@ std::string_view WholeLines(std::string_view head) {
 
 }  // namespace
 
-std::optional<std::string> ScanTopicTitle(std::string_view text, std::string_view path) {
+std::optional<std::string> ScanTopicTitle(std::string_view text, std::string_view path,
+                                          TitlePieces pieces) {
+    const auto piece = [&](std::string_view part) {
+        return pieces == TitlePieces::kTrimmed ? Trim(part) : part;
+    };
     TextLines lines(text);
     std::string title;
     bool in_title = false;
@@ -27,16 +31,16 @@ std::optional<std::string> ScanTopicTitle(std::string_view text, std::string_vie
         const std::string_view line = lines.ReadLine();
         if (in_title) {
             const std::size_t end = line.find('<');
-            title.append(line.substr(0, end));
-            if (end != npos) return title;
+            title.append(piece(line.substr(0, end)));
+            if (end != npos) return std::string(piece(title));
             title += ' ';
         } else if (const std::size_t tag = FindIgnoringAsciiCase(line, "<TITLE"); tag != npos) {
             const std::size_t begin = line.find('>', tag);
             const std::size_t end = begin == npos ? npos : line.find('<', begin);
             const std::string_view rest =
                 begin == npos ? std::string_view{} : line.substr(begin + 1);
-            if (end != npos) return std::string(line.substr(begin + 1, end - begin - 1));
-            title.assign(rest).append(" ");
+            if (end != npos) return std::string(piece(line.substr(begin + 1, end - begin - 1)));
+            title.assign(piece(rest)).append(" ");
             in_title = true;
         }
         if (ContainsIgnoringAsciiCase(line, "<BODY")) return std::string(AfterLast(path, '\\'));
@@ -44,7 +48,8 @@ std::optional<std::string> ScanTopicTitle(std::string_view text, std::string_vie
     return std::nullopt;
 }
 
-std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view path, int code_page) {
+std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view path, int code_page,
+                                          TitlePieces pieces) {
     try {
         std::string bytes = files.ReadFileHead(path, kHeadSize);
         const bool is_head = bytes.size() == kHeadSize;
@@ -53,16 +58,16 @@ std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view pa
                           head_encoding.form == TextEncoding::Form::kUtf16BigEndian;
         if (is_head && !wide) {
             // ASCII is ASCII in all the other encodings, so an ASCII title needs no more.
-            const auto title = ScanTopicTitle(WholeLines(bytes), path);
+            const auto title = ScanTopicTitle(WholeLines(bytes), path, pieces);
             if (title && IsAscii(*title)) return title;
         }
         if (is_head) bytes = files.ReadFile(path);
         // Scanned before it is decoded: "<" and ">" are no part of a double-byte character.
         if (!wide) {
-            auto title = ScanTopicTitle(bytes, path);
+            auto title = ScanTopicTitle(bytes, path, pieces);
             if (!title || IsAscii(*title)) return title;
         }
-        return ScanTopicTitle(DecodeText(bytes, TopicEncoding(bytes, code_page)), path);
+        return ScanTopicTitle(DecodeText(bytes, TopicEncoding(bytes, code_page)), path, pieces);
     } catch (const RuntimeError&) {
         return std::nullopt;
     }

@@ -9,15 +9,21 @@
 
 namespace quorrel {
 
-/// The title of the HTML `text` of the file `path`, as found: not trimmed, its escapes left
-/// alone. A text that comes to its "<BODY" without a title gives the file's name, one that ends
-/// before gives nothing. A title over several lines has them joined by blanks.
+/// How a title over several lines is put together: the pieces as they are, or each one trimmed
+/// and the whole as well.
+enum class TitlePieces { kAsFound, kTrimmed };
+
+/// The title of the HTML `text` of the file `path`, its escapes left alone. A text that comes to
+/// its "<BODY" without a title gives the file's name, one that ends before gives nothing. A title
+/// over several lines has them joined by blanks.
 [[nodiscard]] std::optional<std::string> ScanTopicTitle(std::string_view text,
-                                                        std::string_view path);
+                                                        std::string_view path,
+                                                        TitlePieces pieces = TitlePieces::kAsFound);
 
 /// The same from the file, in its own encoding (`code_page` where it tells none), with no more
 /// of it read than needed. Nothing for a file that does not exist or cannot be read.
 [[nodiscard]] std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view path,
-                                                        int code_page);
+                                                        int code_page,
+                                                        TitlePieces pieces = TitlePieces::kAsFound);
 
 }  // namespace quorrel

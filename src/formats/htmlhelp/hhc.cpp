@@ -1,9 +1,8 @@
 #include "formats/htmlhelp/hhc.hpp"
 
-#include <array>
-
 #include "app/main_form.hpp"
 #include "contents/node_data.hpp"
+#include "contents/parent_numbers.hpp"
 #include "formats/htmlhelp/sitemap.hpp"
 #include "platform/text.hpp"
 #include "platform/unicode.hpp"
@@ -12,41 +11,24 @@
 namespace quorrel {
 namespace {
 
-/// The node numbers by level, with the bounds of the format: level 31 has no place.
-class ParentNumbers {
-  public:
-    int& At(int level) {
-        if (level < 0 || level >= static_cast<int>(numbers_.size())) {
-            throw RuntimeError(run_time_error::kSubscriptOutOfRange);
-        }
-        return numbers_[static_cast<std::size_t>(level)];
-    }
-
-  private:
-    std::array<int, 31> numbers_{};
-};
-
 /// The state of the scan over one file.
 class ContentsReader {
   public:
     ContentsReader(const ContentsSource& source, TreeView& tree) : source_(source), tree_(tree) {}
 
-    void TakeLine(std::string_view line) {
-        // A line without a tag can only be a stretch between tags.
-        const bool has_tag = Contains(line, "<");
-        if (node_count_ > 0 && has_tag) {
-            if (ContainsIgnoringAsciiCase(line, "<UL")) ++level_;
-            if (ContainsIgnoringAsciiCase(line, "</UL")) --level_;
+    void TakeLine(std::string_view line, const SitemapTags& tags) {
+        if (node_count_ > 0) {
+            if (tags.list_start) ++level_;
+            if (tags.list_end) --level_;
         }
         source_.trap([&] { parents_.At(level_) = node_count_; });
         if (in_entry_) TakeParam(line);
-        if (!has_tag) return;
-        if (ContainsIgnoringAsciiCase(line, "</OBJECT>")) {
+        if (tags.object_end) {
             if (have_node_) FinishNode();
             in_entry_ = false;
         }
         // Last, so that params on the line of "<LI" are not read.
-        if (ContainsIgnoringAsciiCase(line, "<LI")) in_entry_ = true;
+        if (tags.entry_start) in_entry_ = true;
     }
 
   private:
@@ -217,8 +199,9 @@ void ReadContents(std::string_view text, const ContentsSource& source, TreeView&
     TextLines lines(text);
     while (!lines.AtEnd()) {
         std::string_view line = lines.ReadLine();
-        ReadSiteProperties(line, lines, site_properties, source.trap);
-        reader.TakeLine(line);
+        SitemapTags tags = FindSitemapTags(line);
+        ReadSiteProperties(line, tags, lines, site_properties, source.trap);
+        reader.TakeLine(line, tags);
     }
 }
 

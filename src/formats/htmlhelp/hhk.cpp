@@ -1,6 +1,7 @@
 #include "formats/htmlhelp/hhk.hpp"
 
 #include "app/main_form.hpp"
+#include "contents/keyword_indent.hpp"
 #include "formats/htmlhelp/sitemap.hpp"
 #include "platform/text.hpp"
 #include "project/keyword_cell.hpp"
@@ -13,29 +14,24 @@ namespace {
 constexpr std::string_view kSeeAlso = "SEE ALSO:";
 constexpr std::string_view kGroupEnd = ";:";
 
-/// All indents of one file together; a file that nests without end would fill the memory.
-constexpr std::size_t kIndentBudget = std::size_t{256} << 20;
-
 /// The state of the scan over one file.
 class KeywordReader {
   public:
     KeywordReader(std::string_view proj_path, ListView& ListKeywords, ListView& ListTopics,
                   const Trap& trap)
-        : proj_path_(proj_path), keywords_(ListKeywords), finder_(ListTopics), trap_(trap) {}
+        : proj_path_(proj_path), keywords_(ListKeywords), finder_(ListTopics), indent_(trap) {}
 
-    void TakeLine(std::string_view line) {
-        const bool has_tag = Contains(line, "<");
-        if (count_ > 0 && has_tag) {
-            if (ContainsIgnoringAsciiCase(line, "<UL")) {
+    void TakeLine(std::string_view line, const SitemapTags& tags) {
+        if (count_ > 0) {
+            if (tags.list_start) {
                 ++level_;
                 parent_ = last_key_;
             }
-            if (ContainsIgnoringAsciiCase(line, "</UL")) --level_;
+            if (tags.list_end) --level_;
         }
         if (in_entry_) TakeParam(line);
-        if (!has_tag) return;
-        if (ContainsIgnoringAsciiCase(line, "</OBJECT>")) FinishEntry();
-        if (ContainsIgnoringAsciiCase(line, "<LI")) first_name_ = in_entry_ = true;
+        if (tags.object_end) FinishEntry();
+        if (tags.entry_start) first_name_ = in_entry_ = true;
     }
 
   private:
@@ -58,7 +54,7 @@ class KeywordReader {
         std::string indent;
         prefix_.clear();
         if (level_ > 1) {
-            indent = Indent();
+            indent = indent_.OfLevel(level_);
             prefix_.append(parent_).append(kSubKeyMark);
         }
         last_key_ = value;
@@ -67,17 +63,6 @@ class KeywordReader {
         first_name_ = false;
         pending_.clear();
         ++count_;
-    }
-
-    /// Three blanks a level. A file that has used up the budget gets two levels from then on.
-    std::string Indent() {
-        std::size_t size = static_cast<std::size_t>(level_) * 3;
-        const bool affordable = trap_([&] {
-            if (size > kIndentBudget - indents_) throw std::bad_alloc();
-        });
-        if (!affordable) size = 6;
-        indents_ += affordable ? size : 0;
-        return std::string(size, ' ');
     }
 
     void AddTarget(const std::string& value) {
@@ -102,9 +87,8 @@ class KeywordReader {
     std::string_view proj_path_;
     ListView& keywords_;
     TopicPathFinder finder_;
-    const Trap& trap_;
+    KeywordIndent indent_;
     KeywordCells cells_;
-    std::size_t indents_ = 0;
     int level_ = 1;
     int count_ = 0;
     bool first_name_ = true;
@@ -175,8 +159,9 @@ void ReadKeywords(std::string_view text, std::string_view proj_path, KeywordStat
     TextLines lines(text);
     while (!lines.AtEnd()) {
         std::string_view line = lines.ReadLine();
-        ReadSiteProperties(line, lines, keywords.site_properties_index, trap);
-        reader.TakeLine(line);
+        SitemapTags tags = FindSitemapTags(line);
+        ReadSiteProperties(line, tags, lines, keywords.site_properties_index, trap);
+        reader.TakeLine(line, tags);
     }
 }
 

@@ -5,6 +5,28 @@
 
 namespace quorrel {
 
+static bool StartsWithUpper(std::string_view text, std::string_view upper) {
+    if (text.size() < upper.size()) return false;
+    for (std::size_t i = 0; i < upper.size(); ++i) {
+        if (UpperAscii(text[i]) != upper[i]) return false;
+    }
+    return true;
+}
+
+SitemapTags FindSitemapTags(std::string_view line) {
+    SitemapTags tags;
+    for (std::size_t at = line.find('<'); at != npos; at = line.find('<', at + 1)) {
+        tags.any = true;
+        const std::string_view tag = line.substr(at + 1);
+        tags.list_start |= StartsWithUpper(tag, "UL");
+        tags.list_end |= StartsWithUpper(tag, "/UL");
+        tags.entry_start |= StartsWithUpper(tag, "LI");
+        tags.object_start |= StartsWithUpper(tag, "OBJECT");
+        tags.object_end |= StartsWithUpper(tag, "/OBJECT>");
+    }
+    return tags;
+}
+
 SitemapParam ReadSitemapParam(std::string_view line) {
     SitemapParam param;
     param.name = TagValue(line, 1, "NAME", "", TagMode::kRead);
@@ -12,17 +34,15 @@ SitemapParam ReadSitemapParam(std::string_view line) {
     return param;
 }
 
-void ReadSiteProperties(std::string_view& line, TextLines& lines, std::string& properties,
-                        const Trap& trap) {
-    if (!ContainsIgnoringAsciiCase(line, "<OBJECT") ||
-        !ContainsIgnoringAsciiCase(line, "TEXT/SITE PROPERTIES")) {
-        return;
-    }
+void ReadSiteProperties(std::string_view& line, SitemapTags& tags, TextLines& lines,
+                        std::string& properties, const Trap& trap) {
+    if (!tags.object_start || !ContainsIgnoringAsciiCase(line, "TEXT/SITE PROPERTIES")) return;
     properties.append(line).append(kLineEnd);
     while (!ContainsIgnoringAsciiCase(line, "</OBJECT")) {
-        if (!trap([&] { line = lines.ReadLine(); })) return;
+        if (!trap([&] { line = lines.ReadLine(); })) break;
         properties.append(line).append(kLineEnd);
     }
+    tags = FindSitemapTags(line);
 }
 
 std::string SitemapHead(std::string_view properties) {

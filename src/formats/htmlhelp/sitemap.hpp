@@ -10,6 +10,17 @@
 
 namespace quorrel {
 
+/// Which tags a line holds, anywhere on it and in any case of letters.
+struct SitemapTags {
+    bool any = false;           // "<"
+    bool list_start = false;    // "<UL"
+    bool list_end = false;      // "</UL"
+    bool entry_start = false;   // "<LI"
+    bool object_start = false;  // "<OBJECT"
+    bool object_end = false;    // "</OBJECT>"
+};
+[[nodiscard]] SitemapTags FindSitemapTags(std::string_view line);
+
 /// A name and value of a <param> line; each is empty where the line has none.
 struct SitemapParam {
     std::string name;
@@ -17,11 +28,11 @@ struct SitemapParam {
 };
 [[nodiscard]] SitemapParam ReadSitemapParam(std::string_view line);
 
-/// If `line` opens a site-properties object, appends it and the lines up to its end to
-/// `properties`, each with CR LF; `line` is the last of them then. An object without an end takes
-/// the rest of the file, and the trap's log gets the end of the file as a failure.
-void ReadSiteProperties(std::string_view& line, TextLines& lines, std::string& properties,
-                        const Trap& trap);
+/// If `line`, with the tags `tags`, opens a site-properties object, appends it and the lines up to
+/// its end to `properties`, each with CR LF; `line` is the last of them then. An object without an
+/// end takes the rest of the file, and the trap's log gets the end of the file as a failure.
+void ReadSiteProperties(std::string_view& line, SitemapTags& tags, TextLines& lines,
+                        std::string& properties, const Trap& trap);
 
 /// The lines before the first entry; `properties` of 20 characters or fewer are left out.
 [[nodiscard]] std::string SitemapHead(std::string_view properties);

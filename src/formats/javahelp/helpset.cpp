@@ -1,0 +1,108 @@
+#include "formats/javahelp/helpset.hpp"
+
+#include "app/main_form.hpp"
+#include "contents/open_contents_item.hpp"
+#include "formats/htmlhelp/hhc.hpp"
+#include "formats/javahelp/index_xml.hpp"
+#include "formats/javahelp/jhm.hpp"
+#include "formats/javahelp/toc_xml.hpp"
+#include "platform/text.hpp"
+#include "platform/text_lines.hpp"
+#include "project/paths.hpp"
+#include "project/tag_value.hpp"
+
+namespace quorrel {
+namespace {
+
+std::string JoinLines(std::string_view text) {
+    std::string joined;
+    joined.reserve(text.size());
+    TextLines lines(text);
+    while (!lines.AtEnd()) {
+        if (!joined.empty()) joined += ' ';
+        joined += lines.ReadLine();
+    }
+    return joined;
+}
+
+/// The text between two tags, which are given in upper case.
+void TakeElement(std::string_view text, std::string_view open, std::string_view close,
+                 std::string& value) {
+    const std::size_t begin = FindIgnoringAsciiCase(text, open);
+    if (begin == npos) return;
+    const std::size_t end = FindIgnoringAsciiCase(text, close, begin);
+    if (end != npos) value = text.substr(begin + open.size(), end - begin - open.size());
+}
+
+/// The places of one word, asked for at rising positions: the text is searched once.
+class NextPlace {
+  public:
+    NextPlace(std::string_view text, std::string_view upper) : text_(text), upper_(upper) {}
+    std::size_t From(std::size_t position) {
+        if (!known_ || (place_ != npos && place_ < position)) {
+            place_ = FindIgnoringAsciiCase(text_, upper_, position);
+            known_ = true;
+        }
+        return place_;
+    }
+
+  private:
+    std::string_view text_;
+    std::string_view upper_;
+    std::size_t place_ = 0;
+    bool known_ = false;
+};
+
+void TakeViews(std::string_view text, ProjectState& project) {
+    NextPlace view(text, "<VIEW"), view_end(text, "</VIEW"), data(text, "<DATA");
+    NextPlace toc(text, "TOCVIEW"), index(text, "INDEXVIEW"), search(text, "SEARCHENGINE");
+    NextPlace data_end(text, "</DATA");
+    for (std::size_t begin = view.From(0); begin != npos; begin = view.From(begin + 1)) {
+        const std::size_t end = view_end.From(begin + 1);
+        if (end == npos) return;  // nor has any later view an end
+        const std::size_t value = data.From(begin);
+        if (value >= end) continue;
+        const std::size_t value_end = data_end.From(value);
+        if (value_end >= end) continue;
+        // Six characters: the element is taken to have no attributes.
+        const std::string_view file =
+            text.substr(value + 6, value_end < value + 6 ? 0 : value_end - value - 6);
+        if (toc.From(begin) < end) project.hhcfile = file;
+        if (index.From(begin) < end) project.hhkfile = file;
+        if (search.From(begin) < end) project.javahelp_do_fts = true;
+    }
+}
+
+}  // namespace
+
+void ReadHelpSet(std::string_view text, ProjectState& project) {
+    project.javahelp_do_fts = false;
+    const std::string joined = JoinLines(text);
+    TakeElement(joined, "<TITLE>", "</TITLE>", project.project_title);
+    TakeElement(joined, "<HOMEID>", "</HOMEID>", project.project_def_topic);
+    if (const std::size_t map = FindIgnoringAsciiCase(joined, "<MAPREF"); map != npos) {
+        project.java_map_file = MakeFullPath(
+            TagValue(joined, map + 1, "LOCATION", "", TagMode::kRead), project.proj_path);
+    }
+    TakeViews(joined, project);
+    project.hhcfile = MakeFullPath(project.hhcfile, project.proj_path);
+    project.hhkfile = MakeFullPath(project.hhkfile, project.proj_path);
+}
+
+void ReadJavaHelpSet(MainForm& main) {
+    const Trap trap(main.log, "MainForm ReadJavaHelpSet: ");
+    main.window.StatusBar1.SetPanel(1, "Reading HelpSet File...");
+    std::string text;
+    if (trap([&] { text = main.texts.ReadXml(main.project.proj); }))
+        ReadHelpSet(text, main.project);
+    ReadJavaMapFile(main);
+    JavaReadTOC(main);
+    JavaReadIndex(main);
+    if (main.files.FileExists(main.outline.doc_outline)) ReadDocOutline(main);
+    if (main.contents.Tree1.Count() > 0) trap([&] { OpenFirstContentsItem(main); });
+    main.contents.toc_dirty = false;
+    main.keywords.index_dirty = false;
+    main.project.project_dirty = false;
+}
+
+}  // namespace quorrel

@@ -1,0 +1,26 @@
+// The map file of JavaHelp .jhm: map ids and their addresses.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/controls/list_view.hpp"
+
+namespace quorrel {
+
+struct MainForm;
+
+/// Gives the trimmed title of a topic file, or nothing where it has none or does not exist.
+using TitleOfTopic = std::function<std::optional<std::string>(const std::string& path)>;
+
+/// Appends a topic row for each address of an HTML file that has a title, and an alias row for
+/// everything else: images and places within topics. Each element stands on one line.
+void ReadMap(std::string_view text, std::string_view proj_path, ListView& ListTopics,
+             ListView& ListAliases, const TitleOfTopic& title_of_topic);
+
+/// Reads java_map_file; the tables are not cleared.
+void ReadJavaMapFile(MainForm& main);
+
+}  // namespace quorrel
