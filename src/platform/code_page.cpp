@@ -220,7 +220,9 @@ int CodePageOfLanguageNumber(unsigned number) {
 }
 
 int CodePageOfLocale(std::string_view locale) {
-    if (locale.starts_with("zh_TW") || locale.starts_with("zh_HK")) return 950;
+    for (const std::string_view traditional : {"zh_TW", "zh_HK", "zh_MO"}) {
+        if (locale.starts_with(traditional)) return 950;
+    }
     if (locale.starts_with("sr") && !Contains(locale, "@latin")) return 1251;
     if (locale.starts_with("sr") || locale.starts_with("bs")) return 1250;
     const std::string_view code = locale.substr(0, locale.find_first_of("_.@"));

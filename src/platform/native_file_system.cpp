@@ -145,11 +145,33 @@ std::string NativeFileSystem::NativePath(std::string_view path) const {
     return result;
 }
 
+/// Takes ".." back by the text alone, as Windows does: the folder before it need not exist.
+static std::string WithoutParentSteps(std::string native) {
+    for (std::size_t at = native.find("/.."); at != npos; at = native.find("/..", at)) {
+        const bool is_step = at + 3 == native.size() || native[at + 3] == '/';
+        const std::size_t parent = at == 0 ? npos : native.rfind('/', at - 1);
+        const std::size_t name = parent == npos ? 0 : parent + 1;
+        const bool can_go = at > name && native.compare(name, at - name, "..") != 0;
+        if (!is_step || (!can_go && at != 0)) {
+            ++at;
+        } else if (at == 0) {  // above the root there is the root
+            native.erase(0, 3);
+        } else if (parent == npos) {  // "a/../b" from the current folder
+            native.erase(0, std::min(at + 4, native.size()));
+            at = 0;
+        } else {
+            native.erase(parent, at + 3 - parent);
+            at = parent;
+        }
+    }
+    return native.empty() ? "/" : native;
+}
+
 std::string NativeFileSystem::Resolve(std::string_view path) {
     // A NUL would end the name for the system and another file would be meant.
     if (Contains(path, std::string_view("\0", 1))) throw RuntimeError(kFileNotFound);
-    std::string native = NameOfText(NativePath(path));
-    if (native.empty() && !path.empty()) return "/";  // the drive alone
+    if (path.empty()) return {};
+    const std::string native = WithoutParentSteps(NameOfText(NativePath(path)));
     if (StatOf(native)) return native;
     std::string resolved = native.starts_with('/') ? "/" : "";
     std::size_t from = 0;
@@ -241,8 +263,15 @@ void NativeFileSystem::CreateFolder(std::string_view path) {
 bool NativeFileSystem::CopyFile(std::string_view from, std::string_view to, bool may_replace) {
     if (!may_replace && (FileExists(to) || FolderExists(to))) return false;
     try {
-        WriteFile(to, ReadFile(from));
-        return true;
+        const std::string bytes = ReadFile(from);
+        const bool is_new = !FileExists(to);
+        try {
+            WriteFile(to, bytes);
+            return true;
+        } catch (const RuntimeError&) {
+            if (is_new) DeleteFile(to);  // half a copy would pass for the file later
+            throw;
+        }
     } catch (const RuntimeError&) {
         return false;
     }

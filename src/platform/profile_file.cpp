@@ -83,11 +83,13 @@ std::optional<std::string> ProfileValue(std::string_view text, std::string_view 
 }
 
 std::string SetProfileValue(std::string_view text, std::string_view section, std::string_view key,
-                            std::string_view value) {
+                            std::string_view new_value) {
     const Place place = FindKey(text, section, key);
     const std::string line_end = LineEndOf(text);
-    const std::size_t first = value.find_first_not_of(" \t");
-    value = first == npos ? std::string_view{} : value.substr(first);
+    // A line end would make other lines of what follows it.
+    const std::string one_line = ReplaceAll(ReplaceAll(new_value, "\r", " "), "\n", " ");
+    const std::size_t first = one_line.find_first_not_of(" \t");
+    const std::string value = first == npos ? std::string() : one_line.substr(first);
 
     std::string result;
     if (place.key_line) {

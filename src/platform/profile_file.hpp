@@ -19,7 +19,7 @@ namespace quorrel {
 /// `text` with the key set. An existing key keeps its place and spelling; a new one goes to the
 /// end of its section, a new section to the end of the file. All other lines stay as they are,
 /// and new ones take the line end of the file's first line (CR LF in an empty text). Leading
-/// blanks of `value` are dropped.
+/// blanks of `value` are dropped, and a line end in it becomes a blank.
 [[nodiscard]] std::string SetProfileValue(std::string_view text, std::string_view section,
                                           std::string_view key, std::string_view value);
 

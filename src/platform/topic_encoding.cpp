@@ -9,12 +9,15 @@ namespace {
 /// How far a charset declaration is looked for; browsers look at 1024 bytes.
 constexpr std::size_t kDeclarationReach = 4096;
 
-/// The name behind "charset=" in a tag without its ">".
+/// The name behind "charset" and "=" in a tag without its ">".
 std::string_view CharsetIn(std::string_view tag) {
-    constexpr std::string_view kName = "CHARSET=";
+    constexpr std::string_view kName = "CHARSET";
     const std::size_t at = FindIgnoringAsciiCase(tag, kName);
     if (at == npos) return {};
     tag.remove_prefix(at + kName.size());
+    const std::size_t equals = tag.find_first_not_of(" \t\r\n");
+    if (equals == npos || tag[equals] != '=') return {};
+    tag.remove_prefix(equals + 1);
     const std::size_t first = tag.find_first_not_of(" \t\r\n\"'");
     if (first == npos) return {};
     tag.remove_prefix(first);

@@ -107,7 +107,7 @@ void ListView::Remove(int position) {
         auto& index = indexes_[static_cast<std::size_t>(column)];
         if (index != nullptr) RemoveFromIndex(*index, row, column);
     }
-    if (selected_ == &row) selected_ = nullptr;
+    if (selected_ == &row) Select(nullptr);
     rows_.erase(rows_.begin() + (position - 1));
     placed_ = rows_.size();
     positions_valid_ = false;
@@ -116,7 +116,7 @@ void ListView::Remove(int position) {
 }
 
 void ListView::Clear() {
-    selected_ = nullptr;
+    Select(nullptr);
     rows_.clear();
     placed_ = 0;
     positions_valid_ = false;

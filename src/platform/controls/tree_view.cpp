@@ -87,7 +87,7 @@ void TreeView::Remove(TreeNode& node) {
         doomed.insert(doomed.end(), parent.children_.begin(), parent.children_.end());
     }
     for (TreeNode* gone : doomed) {
-        if (selected_ == gone) selected_ = nullptr;
+        if (selected_ == gone) Select(nullptr);
         gone->index_ = 0;
     }
     std::erase_if(nodes_, [](const auto& candidate) { return candidate->index_ == 0; });
@@ -96,7 +96,7 @@ void TreeView::Remove(TreeNode& node) {
 }
 
 void TreeView::Clear() {
-    selected_ = nullptr;
+    Select(nullptr);
     roots_.clear();
     nodes_.clear();
     nodes_changed.Emit();

@@ -1,0 +1,242 @@
+#include "platform/controls/list_view.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "platform/failure.hpp"
+
+namespace quorrel {
+namespace {
+
+std::vector<std::string> TextsOf(ListView& table) {
+    std::vector<std::string> texts;
+    for (int i = 1; i <= table.Count(); ++i) {
+        texts.push_back(table.At(i).Text());
+        EXPECT_EQ(table.PositionOf(table.At(i)), i);
+    }
+    return texts;
+}
+
+using Texts = std::vector<std::string>;
+
+TEST(ListView, RowsStandInOrderOfTheSortColumn) {
+    ListView table(2, 0);
+    for (const char* text : {"b", "a2", "_", "B", "", "Ж", "a", "жа", "b"}) table.Add(text);
+    EXPECT_EQ(TextsOf(table), (Texts{"", "a", "a2", "b", "B", "b", "_", "Ж", "жа"}));
+
+    ListView unsorted(2);
+    for (const char* text : {"b", "a", "c"}) unsorted.Add(text);
+    unsorted.At(1).SetText("z");
+    EXPECT_EQ(TextsOf(unsorted), (Texts{"z", "a", "c"}));
+}
+
+TEST(ListView, EqualKeysKeepTheOrderOfAddition) {
+    ListView table(2, 1);
+    for (const char* text : {"1", "2", "3", "4"}) table.Add(text).SetSubItem(1, "same");
+    EXPECT_EQ(TextsOf(table), (Texts{"1", "2", "3", "4"}));
+    table.At(2).SetSubItem(1, "zz");
+    EXPECT_EQ(TextsOf(table), (Texts{"1", "3", "4", "2"}));
+    table.At(4).SetSubItem(1, "SAME");
+    EXPECT_EQ(TextsOf(table), (Texts{"1", "2", "3", "4"}));
+    table.At(3).AppendToSubItem(1, "!");
+    EXPECT_EQ(TextsOf(table), (Texts{"1", "2", "4", "3"}));
+    table.SortBy(ListView::kUnsorted);
+    EXPECT_EQ(TextsOf(table), (Texts{"1", "2", "3", "4"}));
+}
+
+TEST(ListView, NumbersOutsideTheTableAreErrors) {
+    ListView table(2);
+    ListRow& row = table.Add("a");
+    const auto number_of = [](const auto& work) {
+        try {
+            work();
+        } catch (const RuntimeError& error) {
+            return error.Number();
+        }
+        return 0;
+    };
+    EXPECT_EQ(number_of([&] { (void)table.At(0); }), 35600);
+    EXPECT_EQ(number_of([&] { (void)table.At(2); }), 35600);
+    EXPECT_EQ(number_of([&] { table.Remove(2); }), 35600);
+    EXPECT_EQ(number_of([&] { (void)row.SubItems(0); }), 9);
+    EXPECT_EQ(number_of([&] { (void)row.SubItems(2); }), 9);
+    EXPECT_EQ(number_of([&] { row.SetSubItem(2, "x"); }), 9);
+    EXPECT_EQ(number_of([&] { row.SetSubItem(-1, "x"); }), 9);
+    EXPECT_EQ(number_of([&] { row.AppendToSubItem(2, "x"); }), 9);
+    EXPECT_EQ(table.Count(), 1);
+}
+
+TEST(ListView, RemovedRowIsNotSelected) {
+    ListView table(1, 0);
+    ListRow& b = table.Add("b");
+    ListRow& a = table.Add("a");
+    table.Select(&b);
+    table.Remove(table.PositionOf(a));
+    EXPECT_EQ(table.SelectedItem(), &b);
+    table.Remove(1);
+    EXPECT_EQ(table.SelectedItem(), nullptr);
+    table.Select(&table.Add("c"));
+    table.Clear();
+    EXPECT_EQ(table.SelectedItem(), nullptr);
+    EXPECT_EQ(table.Count(), 0);
+    EXPECT_EQ(table.FirstWith(0, "c"), nullptr);
+}
+
+TEST(ListView, SignalsTellWhatChanged) {
+    ListView table(3, 1);
+    int rows = 0;
+    int row = 0;
+    int own = 0;
+    table.rows_changed.Connect([&] { ++rows; });
+    table.row_changed.Connect([&](ListRow&) { ++row; });
+    table.changed.Connect([&] { ++own; });
+    const auto expect = [&](const char* what, int rows_told, int row_told, int own_told) {
+        EXPECT_EQ(rows, rows_told) << what;
+        EXPECT_EQ(row, row_told) << what;
+        EXPECT_EQ(own, own_told) << what;
+        rows = row = own = 0;
+    };
+    ListRow& added = table.Add("a");
+    expect("added", 1, 0, 0);
+    added.SetSubItem(1, "key");
+    expect("sort cell", 1, 0, 0);
+    added.SetSubItem(2, "x");
+    added.AppendToSubItem(2, "y");
+    EXPECT_EQ(added.SubItems(2), "xy");
+    expect("other cell", 0, 2, 0);
+    added.SetSubItem(2, "xy");
+    added.SetSubItem(1, "key");
+    added.AppendToSubItem(2, "");
+    expect("equal text", 0, 0, 0);
+    table.Select(&added);
+    table.Select(&added);
+    expect("selected", 0, 0, 1);
+    table.SortBy(1);
+    expect("same column", 0, 0, 0);
+    table.SortBy(0);
+    expect("other column", 1, 0, 0);
+    table.Remove(1);
+    expect("removed", 1, 0, 1);
+}
+
+/// The rows as a plain list, searched from end to end.
+class NaiveList {
+  public:
+    struct Row {
+        int number;
+        ListRow* row;
+        std::array<std::string, 3> cells;
+    };
+
+    [[nodiscard]] std::vector<Row> Ordered() const {
+        std::vector<Row> result = rows;
+        if (sort_column < 0) return result;
+        const auto column = static_cast<std::size_t>(sort_column);
+        std::stable_sort(result.begin(), result.end(), [&](const Row& a, const Row& b) {
+            return UpperUnicode(a.cells[column]) < UpperUnicode(b.cells[column]);
+        });
+        return result;
+    }
+    Row& Of(const ListRow* row) {
+        return *std::find_if(rows.begin(), rows.end(), [&](const Row& r) { return r.row == row; });
+    }
+
+    std::vector<Row> rows;  // in order of addition
+    int sort_column = -1;
+};
+
+void ExpectSame(ListView& table, const NaiveList& naive, const std::vector<std::string>& keys) {
+    const auto ordered = naive.Ordered();
+    ASSERT_EQ(table.Count(), static_cast<int>(ordered.size()));
+    for (std::size_t i = 0; i < ordered.size(); ++i) {
+        const int position = static_cast<int>(i) + 1;
+        ASSERT_EQ(&table.At(position), ordered[i].row) << "position " << position;
+        ASSERT_EQ(table.PositionOf(*ordered[i].row), position);
+    }
+    for (int column = 0; column < 3; ++column) {
+        const auto cell = static_cast<std::size_t>(column);
+        for (const std::string& key : keys) {
+            ListRow* first = nullptr;
+            ListRow* last = nullptr;
+            ListRow* first_exactly = nullptr;
+            ListRow* last_exactly = nullptr;
+            for (const auto& row : ordered) {
+                if (UpperUnicode(row.cells[cell]) == UpperUnicode(key)) {
+                    if (first == nullptr) first = row.row;
+                    last = row.row;
+                }
+                if (row.cells[cell] == key) {
+                    if (first_exactly == nullptr) first_exactly = row.row;
+                    last_exactly = row.row;
+                }
+            }
+            const std::string where = "'" + key + "' in column " + std::to_string(column);
+            ASSERT_EQ(table.FirstWith(column, key), first) << where;
+            ASSERT_EQ(table.LastWith(column, key), last) << where;
+            ASSERT_EQ(table.FirstWithExactly(column, key), first_exactly) << where;
+            ASSERT_EQ(table.LastWithExactly(column, key), last_exactly) << where;
+        }
+    }
+}
+
+class ListViewOperations : public testing::TestWithParam<unsigned> {};
+
+TEST_P(ListViewOperations, AgreeWithAPlainList) {
+    const std::vector<std::string> keys = {"", "a", "A", "b", "ab", "aB", "ж", "Ж", "_", "I", "ı"};
+    std::mt19937 random(GetParam());
+    const auto below = [&](std::size_t limit) { return random() % limit; };
+    NaiveList naive;
+    naive.sort_column = static_cast<int>(below(4)) - 1;
+    ListView table(3, naive.sort_column);
+    int additions = 0;
+    for (int step = 0; step < 500; ++step) {
+        const std::size_t action = below(100);
+        const std::string key = keys[below(keys.size())];
+        if (naive.rows.empty() || action < 35) {
+            ListRow& row = table.Add(key);
+            naive.rows.push_back({++additions, &row, {key, "", ""}});
+        } else if (action < 75) {
+            const std::size_t column = below(3);
+            NaiveList::Row& changed = naive.rows[below(naive.rows.size())];
+            if (column != 0 && action < 42) {
+                changed.row->AppendToSubItem(static_cast<int>(column), key);
+                changed.cells[column] += key;
+            } else if (column == 0) {
+                changed.row->SetText(key);
+                changed.cells[column] = key;
+            } else {
+                changed.row->SetSubItem(static_cast<int>(column), key);
+                changed.cells[column] = key;
+            }
+        } else if (action < 93) {
+            const int position = static_cast<int>(below(naive.rows.size())) + 1;
+            const ListRow* const gone = &table.At(position);
+            table.Select(naive.rows[below(naive.rows.size())].row);
+            const ListRow* const selected = table.SelectedItem();
+            naive.rows.erase(naive.rows.begin() + (&naive.Of(gone) - naive.rows.data()));
+            table.Remove(position);
+            ASSERT_EQ(table.SelectedItem(), selected == gone ? nullptr : selected);
+        } else if (action < 99) {
+            naive.sort_column = static_cast<int>(below(4)) - 1;
+            table.SortBy(naive.sort_column);
+        } else {
+            naive.rows.clear();
+            table.Clear();
+        }
+        // Not after each step, so that several changes wait for their place.
+        if (below(3) == 0) {
+            ASSERT_NO_FATAL_FAILURE(ExpectSame(table, naive, keys)) << "step " << step;
+        }
+    }
+    ExpectSame(table, naive, keys);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, ListViewOperations, testing::Range(1U, 9U));
+
+}  // namespace
+}  // namespace quorrel

@@ -1,0 +1,189 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "platform/native_file_system.hpp"
+#include "platform/profile_file.hpp"
+#include "platform/profile_store.hpp"
+#include "support/scratch_folder.hpp"
+
+namespace quorrel {
+namespace {
+
+constexpr std::string_view kProfile =
+    "; comment\r\n"
+    "[Settings]\r\n"
+    "plain=value\r\n"
+    "  lead =  spaced out  \r\n"
+    "QUOTED=\"in quotes\"\r\n"
+    "sq='single'\r\n"
+    "half=\"only one\r\n"
+    "empty=\r\n"
+    "dup=first\r\n"
+    "dup=second\r\n"
+    "noequals\r\n"
+    "tab\t=\tx\t\r\n"
+    "semi=a;b\r\n"
+    ";gone=1\r\n"
+    "[ settings ]\r\n"
+    "other=1\r\n"
+    "[Settings]\r\n"
+    "late=2\r\n"
+    "plain=again\r\n"
+    "[Open\r\n"
+    "x=1\r\n"
+    " [Indented]\r\n"
+    "i=1\r\n"
+    "[A]B]\r\n"
+    "q=5\r\n";
+
+TEST(ProfileFile, AnswersOfEveryKindOfLine) {
+    struct Case {
+        std::string_view section;
+        std::string_view key;
+        std::string_view value;
+    };
+    const Case cases[] = {{"Settings", "plain", "value"},
+                          {"SETTINGS", "PLAIN", "value"},
+                          {"Settings", " plain ", "value"},
+                          {"Settings", "lead", "spaced out"},
+                          {"Settings", "quoted", "in quotes"},
+                          {"Settings", "sq", "single"},
+                          {"Settings", "half", "\"only one"},
+                          {"Settings", "empty", ""},
+                          {"Settings", "dup", "first"},
+                          {"Settings", "noequals", "DEF"},
+                          {"Settings", "tab", "x"},
+                          {"Settings", "semi", "a;b"},
+                          {"Settings", "gone", "DEF"},
+                          {"Settings", ";gone", "DEF"},
+                          {"Settings", "late", "DEF"},
+                          {"settings", "other", "DEF"},
+                          {" settings ", "other", "1"},
+                          {"Open", "x", "DEF"},
+                          {"Indented", "i", "1"},
+                          {"A]B", "q", "5"},
+                          {"Missing", "plain", "DEF"},
+                          {"", "plain", "DEF"}};
+    for (const Case& c : cases) {
+        EXPECT_EQ(ProfileValue(kProfile, c.section, c.key).value_or("DEF"), c.value)
+            << "[" << c.section << "] " << c.key;
+    }
+    EXPECT_FALSE(ProfileValue("", "a", "b").has_value());
+    EXPECT_FALSE(ProfileValue("[a", "a", "b").has_value());
+    EXPECT_EQ(ProfileValue("[Раздел]\nКлюч=ж", "РАЗДЕЛ", "ключ"), "ж");
+    EXPECT_EQ(ProfileValue("[a]\rb=\"\"\rc=\"", "a", "b"), "");
+    EXPECT_EQ(ProfileValue("[a]\rb=\"\"\rc=\"", "a", "c"), "\"");
+    EXPECT_EQ(ProfileValue("[a]\nb=c=d", "a", "b"), "c=d");
+}
+
+TEST(ProfileFile, WritingChangesOneLine) {
+    struct Case {
+        std::string_view text;
+        std::string_view section;
+        std::string_view key;
+        std::string_view value;
+        std::string_view result;
+    };
+    const Case cases[] = {
+        {"", "S", "k", "v", "[S]\r\nk=v\r\n"},
+        {"[S]\r\nKey=1\r\n", "s", "KEY", "2", "[S]\r\nKey=2\r\n"},
+        {"[S]\na=1\n; c\n\n[T]\nb=2\n", "S", "n", "v", "[S]\na=1\n; c\nn=v\n\n[T]\nb=2\n"},
+        {"[S]\n\n\n[T]\n", "S", "n", "v", "[S]\nn=v\n\n\n[T]\n"},
+        {"[S]\r\na=1", "S", "n", "v", "[S]\r\na=1\r\nn=v\r\n"},
+        {"[S]", "S", "n", "v", "[S]\r\nn=v\r\n"},
+        {"[S]\na=1", "T", "n", "v", "[S]\na=1\n[T]\nn=v\n"},
+        {"[S]\ra=1\r", "T", "n", "v", "[S]\ra=1\r[T]\rn=v\r"},
+        {"[S]\na=1", "S", "a", "v", "[S]\na=v"},
+        {"[S]\na=1\na=2\n[S]\na=3\n", "S", "a", "v", "[S]\na=v\na=2\n[S]\na=3\n"},
+        {"[S]\na=1\n[S]\nb=3\n", "S", "b", "v", "[S]\na=1\nb=v\n[S]\nb=3\n"},
+        {"[S]\n;a=1\na\n", "S", "a", "v", "[S]\n;a=1\na\na=v\n"},
+        {"[S]\na=1\n", "S", "a", "", "[S]\na=\n"},
+        {"[S]\na=1\n", "S", "a", " \t v ", "[S]\na=v \n"},
+        {"[S]\na=1\n", "S", "a", "   ", "[S]\na=\n"},
+        {"[S]\na='1'\n", "S", "a", "\"v\"", "[S]\na=\"v\"\n"},
+        {"[S]\r\na=1\r\n  b = 2 \r\n\t\r\nx\r\n", "S", "a", "v",
+         "[S]\r\na=v\r\n  b = 2 \r\n\t\r\nx\r\n"}};
+    for (const Case& c : cases) {
+        EXPECT_EQ(SetProfileValue(c.text, c.section, c.key, c.value), c.result)
+            << testing::PrintToString(c.text) << " [" << c.section << "] " << c.key << "="
+            << c.value;
+    }
+}
+
+TEST(ProfileFile, AllButTheChangedLineStays) {
+    std::string expected(kProfile);
+    expected.replace(expected.find("half=\"only one"), 14, "half=new");
+    EXPECT_EQ(SetProfileValue(kProfile, "SETTINGS", "HALF", "new"), expected);
+
+    expected = kProfile;
+    expected.insert(expected.find("[ settings ]"), "late=3\r\n");
+    EXPECT_EQ(SetProfileValue(kProfile, "Settings", "late", "3"), expected);
+    EXPECT_EQ(ProfileValue(expected, "Settings", "late"), "3");
+}
+
+class ProfileStoreTest : public testing::Test {
+  protected:
+    test::ScratchFolder folder;
+    NativeFileSystem files;
+    TextFiles texts{files, MachineCodePage{}};
+    ProfileStore store{texts, folder.Windows("config/quorrel")};
+};
+
+TEST_F(ProfileStoreTest, BareNameGoesToTheSettingsFolder) {
+    EXPECT_EQ(store.Get("q.ini", "S", "k", "DEF"), "DEF");
+    EXPECT_FALSE(folder.Exists("config"));
+    EXPECT_TRUE(store.Set("q.ini", "S", "k", "v"));
+    EXPECT_EQ(folder.Read("config/quorrel/q.ini"), "[S]\r\nk=v\r\n");
+    EXPECT_EQ(store.Get("Q.INI", "s", "K", "DEF"), "v");
+
+    const std::string other = folder.Windows("other.ini");
+    EXPECT_EQ(store.PathOf(other), other);
+    EXPECT_TRUE(store.Set(other, "S", "k", "w"));
+    EXPECT_EQ(folder.Read("other.ini"), "[S]\r\nk=w\r\n");
+}
+
+TEST_F(ProfileStoreTest, ValueIsCutInCharacters) {
+    const std::string path = folder.Windows("a.ini");
+    std::string letters;
+    for (int i = 0; i < 300; ++i) letters += "ж";
+    folder.Write("a.ini", "[S]\nlong=" + letters + "\nplain=value\nnul=a" + std::string(1, '\0') +
+                              "b\nempty=\n");
+    EXPECT_EQ(store.Get(path, "S", "long", ""), letters.substr(0, 598));
+    EXPECT_EQ(store.Get(path, "S", "plain", "DEF", 3), "val");
+    EXPECT_EQ(store.Get(path, "S", "none", "default", 3), "def");
+    EXPECT_EQ(store.Get(path, "S", "none", letters), letters.substr(0, 598));
+    EXPECT_EQ(store.Get(path, "S", "nul", "DEF"), "a");
+    EXPECT_EQ(store.Get(path, "S", "empty", "DEF"), "");
+    EXPECT_EQ(store.Get(path, "S", "plain", "DEF", 0), "");
+}
+
+TEST_F(ProfileStoreTest, QuotedValueIsStoredWithItsQuotes) {
+    EXPECT_TRUE(store.Set("q.ini", "S", "k", "\"  v  \""));
+    EXPECT_EQ(folder.Read("config/quorrel/q.ini"), "[S]\r\nk=\"  v  \"\r\n");
+    EXPECT_EQ(store.Get("q.ini", "S", "k", "DEF"), "  v  ");
+}
+
+TEST_F(ProfileStoreTest, EncodingOfTheFileStays) {
+    const std::string path = folder.Windows("a.ini");
+    folder.Write("a.ini", "\xEF\xBB\xBF[S]\r\nk=1\r\n");
+    EXPECT_TRUE(store.Set(path, "S", "k", "жé"));
+    EXPECT_EQ(folder.Read("a.ini"), "\xEF\xBB\xBF[S]\r\nk=жé\r\n");
+    EXPECT_TRUE(store.Set("new.ini", "S", "k", "жé"));
+    EXPECT_EQ(folder.Read("config/quorrel/new.ini"), "[S]\r\nk=&#1078;\xE9\r\n");
+    EXPECT_EQ(store.Get("new.ini", "S", "k", "DEF"), "жé");
+}
+
+TEST_F(ProfileStoreTest, FailingWriteIsToldAndRaisesNothing) {
+    folder.Write("folder.ini/x", "");
+    EXPECT_FALSE(store.Set(folder.Windows("folder.ini"), "S", "k", "v"));
+    EXPECT_FALSE(store.Set(folder.Windows("none/a.ini"), "S", "k", "v"));
+    EXPECT_FALSE(folder.Exists("none"));
+    EXPECT_EQ(store.Get(folder.Windows("folder.ini"), "S", "k", "DEF"), "DEF");
+    folder.Write("config", "a file where the folder should be");
+    EXPECT_FALSE(store.Set("q.ini", "S", "k", "v"));
+}
+
+}  // namespace
+}  // namespace quorrel

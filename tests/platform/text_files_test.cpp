@@ -1,0 +1,136 @@
+#include "platform/text_files.hpp"
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/failure.hpp"
+#include "platform/native_file_system.hpp"
+#include "support/scratch_folder.hpp"
+
+namespace quorrel {
+namespace {
+
+TEST(Failure, TrapGoesOnAndLogs) {
+    std::vector<std::string> written;
+    std::vector<std::string> reported;
+    ErrorLog log([&](std::string_view line) { written.emplace_back(line); });
+    log.listener = [&](std::string_view line) { reported.emplace_back(line); };
+    const Trap trap(log, "Save_Click: ");
+    EXPECT_TRUE(trap([] {}));
+    EXPECT_TRUE(written.empty());
+    const auto missing = [] { throw RuntimeError(run_time_error::kFileNotFound); };
+    EXPECT_FALSE(trap(missing));
+    EXPECT_FALSE(trap(missing));
+    EXPECT_FALSE(trap([] { throw std::bad_alloc(); }));
+    EXPECT_FALSE(trap([] { throw RuntimeError(1000, "own text"); }));
+    EXPECT_FALSE(trap(missing));
+    const std::vector<std::string> lines = {
+        "Save_Click: 53 File not found", "Save_Click: 7 Out of memory", "Save_Click: 1000 own text",
+        "Save_Click: 53 File not found"};
+    EXPECT_EQ(reported, lines);
+    EXPECT_EQ(written.back(), lines.back());
+}
+
+TEST(Failure, OtherExceptionsPassThroughTheTrap) {
+    ErrorLog log([](std::string_view line) { ADD_FAILURE() << line; });
+    const Trap trap(log, "x: ");
+    EXPECT_THROW(trap([] { throw std::logic_error("fault"); }), std::logic_error);
+    EXPECT_THROW(trap([] { throw 1; }), int);
+}
+
+class TextFilesTest : public testing::Test {
+  protected:
+    test::ScratchFolder folder;
+    NativeFileSystem files;
+    TextFiles texts{files, MachineCodePage{1251, false}};
+    std::vector<std::string> lines;
+    ErrorLog log{[this](std::string_view line) { lines.emplace_back(line); }};
+    Trap trap{log, "Swap: "};
+    std::string path = folder.Windows("a.txt");
+};
+
+TEST_F(TextFilesTest, EncodingOfTheLastReadIsWritten) {
+    EXPECT_EQ(texts.Encoded(path, "ж"), "\xE6");
+    folder.Write("a.txt", "\xEF\xBB\xBFж");
+    EXPECT_EQ(texts.Read(path), "ж");
+    EXPECT_EQ(texts.Encoded(folder.Windows("A.TXT"), "ж"), "\xEF\xBB\xBFж");
+    EXPECT_EQ(texts.Encoded(folder.Windows("b.txt"), "ж"), "\xE6");
+    texts.Write(path, "a");
+    EXPECT_EQ(folder.Read("a.txt"),
+              "\xEF\xBB\xBF"
+              "a");
+
+    folder.Write("a.txt", "\xE6");
+    EXPECT_EQ(texts.Read(path), "ж");
+    EXPECT_EQ(texts.Encoded(path, "ж"), "\xE6");
+
+    folder.Write("a.txt", "ж");
+    EXPECT_EQ(texts.Read(path), "ж");
+    EXPECT_EQ(texts.Encoded(path, "é"), "é");
+    texts.StartProject("");
+    EXPECT_EQ(texts.Encoded(path, "жé"), "\xE6&#233;");
+}
+
+TEST_F(TextFilesTest, ProjectChoosesThePageUnlessTheMachineIsFixed) {
+    EXPECT_EQ(texts.CodePageNumber(), 1251);
+    texts.StartProject("0x411 Japanese");
+    EXPECT_EQ(texts.CodePageNumber(), 932);
+    texts.StartProject("damaged");
+    EXPECT_EQ(texts.CodePageNumber(), 1251);
+    TextFiles fixed(files, {1253, true});
+    fixed.StartProject("0x411 Japanese");
+    EXPECT_EQ(fixed.CodePageNumber(), 1253);
+}
+
+TEST_F(TextFilesTest, SwapKeepsOneBackup) {
+    EXPECT_TRUE(texts.WriteAndSwap(path, "1", Backup::kKept, trap));
+    EXPECT_FALSE(folder.Exists("a.txt.bak"));
+    EXPECT_TRUE(texts.WriteAndSwap(path, "2", Backup::kKept, trap));
+    EXPECT_EQ(folder.Read("a.txt.bak"), "1");
+    EXPECT_TRUE(texts.WriteAndSwap(path, "3", Backup::kKept, trap));
+    EXPECT_EQ(folder.Read("a.txt.bak"), "2");
+    EXPECT_TRUE(texts.WriteAndSwap(path, "4", Backup::kNone, trap));
+    EXPECT_EQ(folder.Read("a.txt.bak"), "2");
+    EXPECT_EQ(folder.Read("a.txt"), "4");
+    EXPECT_FALSE(folder.Exists("a.txt.tmp"));
+    EXPECT_TRUE(lines.empty());
+}
+
+TEST_F(TextFilesTest, SwapWritesTheEncodingOfTheTarget) {
+    folder.Write("a.txt", "\xFF\xFE");
+    EXPECT_EQ(texts.Read(path), "");
+    EXPECT_TRUE(texts.WriteAndSwap(path, "ж", Backup::kNone, trap));
+    EXPECT_EQ(folder.Read("a.txt"), "\xFF\xFE\x36\x04");
+}
+
+TEST_F(TextFilesTest, FailingSwapLeavesTheOldFile) {
+    folder.Write("a.txt", "old");
+    folder.Write("a.txt.bak", "older");
+    folder.Write("a.txt.tmp/x", "");
+    EXPECT_FALSE(texts.WriteAndSwap(path, "new", Backup::kKept, trap));
+    EXPECT_EQ(lines, std::vector<std::string>{"Swap: 70 Permission denied"});
+    EXPECT_EQ(folder.Read("a.txt"), "old");
+    EXPECT_EQ(folder.Read("a.txt.bak"), "older");
+}
+
+TEST_F(TextFilesTest, SwapWithoutRoomForTheBackupLosesNothing) {
+    folder.Write("a.txt", "old");
+    folder.Write("a.txt.bak/x", "");
+    EXPECT_FALSE(texts.WriteAndSwap(path, "new", Backup::kKept, trap));
+    EXPECT_EQ(folder.Read("a.txt"), "old");
+    EXPECT_EQ(lines.size(), 1U);
+}
+
+TEST_F(TextFilesTest, SwapOntoAFolderFails) {
+    folder.Write("a.txt/x", "kept");
+    EXPECT_FALSE(texts.WriteAndSwap(path, "new", Backup::kNone, trap));
+    EXPECT_EQ(folder.Read("a.txt/x"), "kept");
+    EXPECT_EQ(lines.size(), 1U);
+}
+
+}  // namespace
+}  // namespace quorrel
