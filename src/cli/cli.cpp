@@ -1,5 +1,6 @@
 #include "cli/cli.hpp"
 
+#include <cstdlib>
 #include <iostream>
 #include <string>
 
@@ -27,7 +28,8 @@ std::string WhyUnreadable(FileSystem& files, const std::string& path) {
     }
 }
 
-int Dump(bool javahelp, const std::string& native_path, std::ostream& out, std::ostream& err) {
+int Dump(bool javahelp, const std::string& native_path, std::ostream& out, std::ostream& err,
+         AtEnd at_end) {
     NativeFileSystem files;
     const std::string path = files.WindowsPath(native_path);
     if (const std::string why = WhyUnreadable(files, path); !why.empty()) {
@@ -47,13 +49,14 @@ int Dump(bool javahelp, const std::string& native_path, std::ostream& out, std::
         err << "quorrel-cli: the output could not be written\n";
         return exit_code::kFailure;
     }
+    if (at_end == AtEnd::kExit) std::_Exit(exit_code::kSuccess);
     return exit_code::kSuccess;
 }
 
 }  // namespace
 
 int RunCli(int argc, const char* const* argv, std::istream& in, std::ostream& out,
-           std::ostream& err) {
+           std::ostream& err, AtEnd at_end) {
     CLI::App app("Quorrel without a window, for scripts and build servers.", "quorrel-cli");
     app.set_version_flag("--version", "quorrel-cli " QUORREL_VERSION);
     app.require_subcommand(1);
@@ -76,7 +79,7 @@ int RunCli(int argc, const char* const* argv, std::istream& in, std::ostream& ou
         const int code = app.exit(error, out, err);
         return code == 0 ? exit_code::kSuccess : exit_code::kUsage;
     }
-    if (dump->parsed()) return Dump(edition == "javahelp", project, out, err);
+    if (dump->parsed()) return Dump(edition == "javahelp", project, out, err, at_end);
     return tag_value->parsed() ? RunTagValueLines(in, out, err) : RunPathLines(in, out, err);
 }
 

@@ -150,13 +150,38 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
     return CompareIgnoringCase(a, b) == 0;
 }
 
+namespace {
+
+/// Eight ASCII characters at once.
+std::uint64_t UpperAscii(std::uint64_t word) {
+    constexpr std::uint64_t kEach = 0x0101010101010101ULL;
+    // The top bit of each byte that is at least "a", and of each above "z".
+    const std::uint64_t from_a = word + kEach * (0x80 - 'a');
+    const std::uint64_t above_z = word + kEach * (0x80 - 'z' - 1);
+    return word - (((from_a & ~above_z) & (kEach * 0x80)) >> 2);
+}
+
+std::uint64_t Mixed(std::uint64_t hash, std::uint64_t word) {
+    hash = (hash ^ word) * 0x9E3779B97F4A7C15ULL;
+    return hash ^ (hash >> 29);
+}
+
+}  // namespace
+
 std::size_t HashIgnoringCase(std::string_view text) {
-    std::uint64_t hash = 1469598103934665603ULL;
-    for (std::size_t i = 0; i < text.size();) {
-        hash ^= NextUpper(text, i);
-        hash *= 1099511628211ULL;
+    // What is not ASCII may change its length with its case, and even become ASCII.
+    std::string upper;
+    if (!IsAscii(text)) text = upper = UpperUnicode(text);
+    std::uint64_t hash = text.size();
+    std::size_t i = 0;
+    for (; i + 8 <= text.size(); i += 8) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, text.data() + i, 8);
+        hash = Mixed(hash, UpperAscii(word));
     }
-    return static_cast<std::size_t>(hash ^ (hash >> 32));
+    std::uint64_t rest = 0;
+    std::memcpy(&rest, text.data() + i, text.size() - i);
+    return static_cast<std::size_t>(Mixed(hash, UpperAscii(rest)));
 }
 
 std::optional<TextSpan> FindIgnoringCase(std::string_view text, std::string_view part) {

@@ -22,6 +22,12 @@ TopicPathFinder::TopicPathFinder(ListView& ListTopics) : topics_(ListTopics) {
         whole_.push_back({upper_[static_cast<std::size_t>(row - 1)], row});
     }
     Sort(whole_);
+    for (std::size_t i = 1; i < whole_.size(); ++i) {
+        const std::string_view before = whole_[i - 1].text;
+        if (whole_[i].text.size() > before.size() && whole_[i].text.starts_with(before)) {
+            has_extensions_ = true;
+        }
+    }
 }
 
 void TopicPathFinder::Sort(std::vector<Suffix>& suffixes) {
@@ -56,21 +62,25 @@ int TopicPathFinder::Lowest(const std::vector<Suffix>& suffixes, std::string_vie
     return lowest;
 }
 
+int TopicPathFinder::FindSlowly(const std::string& upper) {
+    const int row = Lowest(whole_, upper, false);
+    // A path with a drive can stand further in only where a full path has a second colon.
+    if (Contains(upper, ":") && !has_inner_colon_) return row;
+    if (!inner_made_) MakeInnerSuffixes();
+    const int inner = Lowest(inner_, upper, true);
+    return row == 0 || (inner != 0 && inner < row) ? inner : row;
+}
+
 ListRow* TopicPathFinder::Find(std::string_view path) {
+    // The usual case: a whole path, which no other one goes on from or has within.
+    if (!has_extensions_ && !has_inner_colon_ && Contains(path, ":")) {
+        ListRow* row = topics_.FirstWith(topic_cell::kFullPath, path);
+        if (row != nullptr) return row;
+    }
     // Each path is sought once. A path that many rows begin with has few others beside it that
     // they begin with too, so the whole work stays in step with the text of the table.
     const auto [known, is_new] = found_.try_emplace(UpperUnicode(path), 0);
-    const std::string& upper = known->first;
-    if (is_new) {
-        int row = Lowest(whole_, upper, false);
-        // A path with a drive can stand further in only where a full path has a second colon.
-        if (!Contains(upper, ":") || has_inner_colon_) {
-            if (!inner_made_) MakeInnerSuffixes();
-            const int inner = Lowest(inner_, upper, true);
-            if (row == 0 || (inner != 0 && inner < row)) row = inner;
-        }
-        known->second = row;
-    }
+    if (is_new) known->second = FindSlowly(known->first);
     return known->second == 0 ? nullptr : &topics_.At(known->second);
 }
 

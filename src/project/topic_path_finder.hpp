@@ -15,7 +15,7 @@ namespace quorrel {
 /// Gives the results of a scan over the rows from the first to the last that looks for the
 /// first place of a path inside each full path, case ignored, and takes a row where the path
 /// stands at the very beginning or behind a backslash. The path may be only the beginning of a
-/// longer name. Cost: one sort of the table, then a search a path.
+/// longer name. Cost: one sort of the table, then a look-up a path.
 ///
 /// The table must not change while the finder is in use.
 class TopicPathFinder {
@@ -32,6 +32,7 @@ class TopicPathFinder {
     };
     /// Sorts `suffixes` by their text.
     static void Sort(std::vector<Suffix>& suffixes);
+    [[nodiscard]] int FindSlowly(const std::string& upper);
     void MakeInnerSuffixes();
     /// The lowest row number with `upper` at the beginning of one of `suffixes`, or 0. With
     /// `inner` only rows without an earlier place of it count.
@@ -44,6 +45,7 @@ class TopicPathFinder {
     std::vector<Suffix> inner_;  // from behind each backslash, made when they can matter
     bool inner_made_ = false;
     bool has_inner_colon_ = false;
+    bool has_extensions_ = false;  // some full path is the beginning of another one
     std::unordered_map<std::string, int> found_;
 };
 

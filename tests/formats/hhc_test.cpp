@@ -218,6 +218,15 @@ TEST_F(Contents, WhatWasWrittenReadsBackTheSame) {
     EXPECT_EQ(Write(), text);
 }
 
+TEST_F(Contents, ALongAliasWithManyHeadingsStaysWithinTheMemory) {
+    AddTopic("C:\\p\\q\\a.htm", std::string(500'000, 'A'));
+    std::string text = Entry("a", Local("a.htm"));
+    for (int i = 0; i < 20000; ++i) text += Entry("x");
+    Read(text);
+    EXPECT_EQ(tree.Count(), 20001);
+    EXPECT_EQ(log_lines, (std::vector<std::string>{"test: 7 Out of memory"}));
+}
+
 class ContentsFile : public test::ProjectFixture {};
 
 TEST_F(ContentsFile, IsWrittenOnlyWhenChanged) {

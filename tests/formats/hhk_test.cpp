@@ -152,7 +152,16 @@ TEST_F(Keywords, NestingWithoutEndStaysWithinTheMemory) {
     for (int i = 0; i < 400000; ++i) text += "<UL>\n";
     for (int i = 0; i < 500; ++i) text += Entry("x" + std::to_string(i));
     Read(text);
-    EXPECT_EQ(keywords.ListKeywords.Count(), 501);
+    EXPECT_GT(keywords.ListKeywords.Count(), 100);
+    EXPECT_LT(keywords.ListKeywords.Count(), 501);
+    EXPECT_EQ(log_lines, (Lines{"test: 7 Out of memory"}));
+}
+
+TEST_F(Keywords, ALongKeywordWithManySubKeysStaysWithinTheMemory) {
+    std::string text = Entry(std::string(500'000, 'k')) + "<UL>\n";
+    for (int i = 0; i < 20000; ++i) text += Entry("s");
+    Read(text);
+    EXPECT_LT(keywords.ListKeywords.Count(), 2000);
     EXPECT_EQ(log_lines, (Lines{"test: 7 Out of memory"}));
 }
 

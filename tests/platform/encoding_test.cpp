@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "platform/charset.hpp"
-#include "platform/charset.hpp"
 #include "platform/topic_encoding.hpp"
 #include "platform/unicode.hpp"
 

@@ -224,5 +224,19 @@ TEST(TextLines, LongTextOfOneKindOfLineEndIsRead) {
     }
 }
 
+TEST(Unicode, EqualTextsHaveEqualHashesAtEveryLength) {
+    // Letters that become ASCII, or another number of bytes, at every place of a block of eight.
+    for (const char* letter :
+         {"\xC4\xB1", "\xC5\xBF", "\xC3\xA9", "\xC9\x90", "z", "@", "[", "`", "{"}) {
+        for (std::size_t before = 0; before < 10; ++before) {
+            const std::string text = std::string(before, 'a') + letter + "bcdefghijk";
+            EXPECT_EQ(HashIgnoringCase(text), HashIgnoringCase(UpperUnicode(text))) << text;
+            EXPECT_TRUE(EqualsIgnoringCase(text, UpperUnicode(text))) << text;
+        }
+    }
+    EXPECT_NE(HashIgnoringCase("@"), HashIgnoringCase("`"));
+    EXPECT_NE(HashIgnoringCase("["), HashIgnoringCase("{"));
+}
+
 }  // namespace
 }  // namespace quorrel

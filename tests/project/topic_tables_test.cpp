@@ -56,6 +56,15 @@ TEST(VerifyMapIds, AvoidsIdentifiersThatOtherRowsHave) {
     EXPECT_EQ(tables.ListTopics.At(1).SubItems(1), "a23");
 }
 
+TEST(VerifyMapIds, ManyTopicsOfOneNameCostNoMoreThanTheirIdentifiers) {
+    TopicTables tables;
+    for (int i = 0; i < 3000; ++i)
+        AddTopic(tables.ListTopics, "t", "C:\\p\\" + std::to_string(i) + "\\index.htm");
+    verify_map_ids(tables.ListTopics, "");
+    EXPECT_EQ(tables.ListTopics.At(12).SubItems(1), "index1234567891011");
+    EXPECT_TRUE(tables.ListTopics.At(3000).SubItems(1).ends_with("29982999"));
+}
+
 /// The scan that TopicPathFinder stands for.
 const ListRow* Scan(const ListView& topics, const std::string& path) {
     const std::string wanted = UpperUnicode(path);
@@ -107,7 +116,10 @@ TEST(KeywordCells, AgreeWithAPlainSearch) {
     std::mt19937 random(11);
     TopicTables tables;
     ListRow& row = AddTopic(tables.ListTopics, "t", "C:\\a.htm");
-    KeywordCells cells;
+    ErrorLog log([](std::string_view) {});
+    const Trap trap(log, "test: ");
+    TextBudget budget(trap);
+    KeywordCells cells(budget);
     std::string expected;
     for (int i = 0; i < 4000; ++i) {
         std::string key = "key ";

@@ -5,6 +5,7 @@
 #include "contents/parent_numbers.hpp"
 #include "formats/htmlhelp/sitemap.hpp"
 #include "platform/text.hpp"
+#include "platform/text_budget.hpp"
 #include "platform/unicode.hpp"
 #include "project/paths.hpp"
 
@@ -14,7 +15,8 @@ namespace {
 /// The state of the scan over one file.
 class ContentsReader {
   public:
-    ContentsReader(const ContentsSource& source, TreeView& tree) : source_(source), tree_(tree) {}
+    ContentsReader(const ContentsSource& source, TreeView& tree)
+        : source_(source), tree_(tree), budget_(source.trap) {}
 
     void TakeLine(std::string_view line, const SitemapTags& tags) {
         if (node_count_ > 0) {
@@ -111,12 +113,14 @@ class ContentsReader {
                 comma_text.append(",").append(*part);
             }
         }
+        if (!budget_.Take(entry_.alias.size())) entry_.alias.clear();
         if (node_ != nullptr) node_->Tag = PackNodeData(entry_.location, entry_.alias, comma_text);
         have_node_ = false;
     }
 
     const ContentsSource& source_;
     TreeView& tree_;
+    TextBudget budget_;  // for aliases, which the tags repeat
     ParentNumbers parents_;
     int level_ = 1;
     int node_count_ = 0;

@@ -1,9 +1,9 @@
 #include "formats/htmlhelp/hhk.hpp"
 
 #include "app/main_form.hpp"
-#include "contents/keyword_indent.hpp"
 #include "formats/htmlhelp/sitemap.hpp"
 #include "platform/text.hpp"
+#include "platform/text_budget.hpp"
 #include "project/keyword_cell.hpp"
 #include "project/paths.hpp"
 #include "project/topic_path_finder.hpp"
@@ -19,7 +19,11 @@ class KeywordReader {
   public:
     KeywordReader(std::string_view proj_path, ListView& ListKeywords, ListView& ListTopics,
                   const Trap& trap)
-        : proj_path_(proj_path), keywords_(ListKeywords), finder_(ListTopics), indent_(trap) {}
+        : proj_path_(proj_path),
+          keywords_(ListKeywords),
+          finder_(ListTopics),
+          budget_(trap),
+          cells_(budget_) {}
 
     void TakeLine(std::string_view line, const SitemapTags& tags) {
         if (count_ > 0) {
@@ -52,11 +56,14 @@ class KeywordReader {
 
     void AddKeyword(const std::string& value) {
         std::string indent;
-        prefix_.clear();
+        std::string prefix;
         if (level_ > 1) {
-            indent = indent_.OfLevel(level_);
-            prefix_.append(parent_).append(kSubKeyMark);
+            const std::size_t indent_size = static_cast<std::size_t>(level_) * 3;
+            if (!budget_.Take(indent_size + parent_.size())) return;
+            indent.assign(indent_size, ' ');
+            prefix.append(parent_).append(kSubKeyMark);
         }
+        prefix_ = std::move(prefix);
         last_key_ = value;
         row_ = &keywords_.Add(indent + value);
         row_->SetSubItem(keyword_cell::IDX_FULLKEY, prefix_ + value);
@@ -87,7 +94,7 @@ class KeywordReader {
     std::string_view proj_path_;
     ListView& keywords_;
     TopicPathFinder finder_;
-    KeywordIndent indent_;
+    TextBudget budget_;
     KeywordCells cells_;
     int level_ = 1;
     int count_ = 0;

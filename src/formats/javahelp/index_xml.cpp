@@ -1,9 +1,9 @@
 #include "formats/javahelp/index_xml.hpp"
 
 #include "app/main_form.hpp"
-#include "contents/keyword_indent.hpp"
 #include "formats/javahelp/xml_items.hpp"
 #include "platform/text.hpp"
+#include "platform/text_budget.hpp"
 #include "platform/text_lines.hpp"
 #include "project/keyword_cell.hpp"
 #include "project/tag_value.hpp"
@@ -22,7 +22,11 @@ std::string UndoEscapes(std::string_view text) {
 class IndexReader {
   public:
     IndexReader(KeywordState& keywords, TopicTables& tables, const Trap& trap)
-        : table_(keywords.ListKeywords), tables_(tables), trap_(trap), indent_(trap) {}
+        : table_(keywords.ListKeywords),
+          tables_(tables),
+          trap_(trap),
+          budget_(trap),
+          cells_(budget_) {}
 
     void TakeLine(std::string_view line) {
         next_level_ += LevelChange(line, "INDEXITEM");
@@ -36,13 +40,16 @@ class IndexReader {
         const std::string target = TagValue(line, 1, "TARGET", "", TagMode::kRead);
         if (next_level_ > level_) parent_ = text;
         const bool is_sub_entry = level_ > 1;
+        const std::size_t indent = is_sub_entry ? static_cast<std::size_t>(level_) * 3 : 0;
+        if (is_sub_entry && !budget_.Take(indent + parent_.size())) return;
         const std::string full_key = is_sub_entry ? parent_ + kSubKeyMark + text : text;
         if (!Contains(line, kRepeatMark)) {
-            row_ = &table_.Add((is_sub_entry ? indent_.OfLevel(level_) : std::string()) + text);
+            row_ = &table_.Add(std::string(indent, ' ') + text);
             row_->SetSubItem(keyword_cell::IDX_FULLKEY, full_key);
         }
         if (target.empty()) return;
         const std::string entry = EntryFor(target, full_key);
+        if (!budget_.Take(entry.size())) return;
         trap_([&] {
             if (row_ == nullptr) throw RuntimeError(run_time_error::kObjectNotSet);
             row_->AppendToSubItem(keyword_cell::IDX_TITLEPATH, entry);
@@ -62,7 +69,7 @@ class IndexReader {
     ListView& table_;
     TopicTables& tables_;
     const Trap& trap_;
-    KeywordIndent indent_;
+    TextBudget budget_;
     KeywordCells cells_;
     ListRow* row_ = nullptr;
     int level_ = 1;

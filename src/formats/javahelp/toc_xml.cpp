@@ -5,6 +5,7 @@
 #include "contents/parent_numbers.hpp"
 #include "formats/javahelp/xml_items.hpp"
 #include "platform/text.hpp"
+#include "platform/text_budget.hpp"
 #include "platform/text_lines.hpp"
 #include "project/tag_value.hpp"
 
@@ -25,6 +26,7 @@ std::string LocationOfTarget(const TopicTables& tables, std::string_view target)
 void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree,
                 const Trap& trap) {
     ParentNumbers parents;
+    TextBudget budget(trap);
     int level = 1;
     int next_level = 1;
     int count = 1;
@@ -42,7 +44,8 @@ void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree
                                           node_image::kPage, node_image::kPage);
                 if (parent != nullptr)
                     parent->Image = parent->SelectedImage = node_image::kClosedBook;
-                node.Tag = PackNodeData(LocationOfTarget(tables, target), target, image);
+                const std::string location = LocationOfTarget(tables, target);
+                if (budget.Take(location.size())) node.Tag = PackNodeData(location, target, image);
             });
             // Also for an item that could not be placed.
             ++count;

@@ -1,23 +1,45 @@
 #include "platform/controls/list_view.hpp"
 
 #include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <new>
+#include <utility>
 
 #include "platform/failure.hpp"
+#include "platform/text.hpp"
+#include "platform/unicode.hpp"
 
 namespace quorrel {
 
-const std::string& ListRow::SubItems(int column) const {
-    if (column < 1 || static_cast<std::size_t>(column) >= cells_.size()) {
+ListRow::Pointer ListRow::Make(ListView& table, std::size_t number, int cells) {
+    static_assert(alignof(ListRow) % alignof(std::string) == 0);
+    const auto count = static_cast<std::size_t>(cells);
+    void* memory = ::operator new(sizeof(ListRow) + count * sizeof(std::string));
+    auto* row = new (memory) ListRow(table, number, cells);
+    std::uninitialized_default_construct_n(row->Cells(), count);
+    return Pointer(row);
+}
+
+void ListRow::Deleter::operator()(ListRow* row) const {
+    std::destroy_n(row->Cells(), row->cell_count_);
+    row->~ListRow();
+    ::operator delete(row);
+}
+
+std::string& ListRow::CheckedCell(int column, int first) {
+    if (column < first || column >= cell_count_) {
         throw RuntimeError(run_time_error::kSubscriptOutOfRange);
     }
-    return cells_[static_cast<std::size_t>(column)];
+    return Cells()[column];
+}
+
+const std::string& ListRow::SubItems(int column) const {
+    return const_cast<ListRow*>(this)->CheckedCell(column, 1);
 }
 
 void ListRow::SetCell(int column, std::string text) {
-    if (column < 0 || static_cast<std::size_t>(column) >= cells_.size()) {
-        throw RuntimeError(run_time_error::kSubscriptOutOfRange);
-    }
-    std::string& cell = cells_[static_cast<std::size_t>(column)];
+    std::string& cell = CheckedCell(column, 0);
     if (cell == text) return;
     table_.BeforeCellChange(*this, column);
     cell = std::move(text);
@@ -25,12 +47,10 @@ void ListRow::SetCell(int column, std::string text) {
 }
 
 void ListRow::AppendToSubItem(int column, std::string_view text) {
-    if (column < 1 || static_cast<std::size_t>(column) >= cells_.size()) {
-        throw RuntimeError(run_time_error::kSubscriptOutOfRange);
-    }
+    std::string& cell = CheckedCell(column, 1);
     if (text.empty()) return;
     table_.BeforeCellChange(*this, column);
-    cells_[static_cast<std::size_t>(column)].append(text);
+    cell.append(text);
     table_.AfterCellChange(*this, column);
 }
 
@@ -40,15 +60,13 @@ ListView::ListView(int cells, int sort_column)
 ListView::~ListView() = default;
 
 ListRow& ListView::Add(std::string text) {
-    // Not make_unique: only the table makes rows.
-    rows_.push_back(std::unique_ptr<ListRow>(
-        new ListRow(*this, ++additions_, static_cast<std::size_t>(cells_))));
+    rows_.push_back(ListRow::Make(*this, ++additions_, cells_));
     ListRow& row = *rows_.back();
-    row.cells_[0] = std::move(text);
+    row.Cells()[0] = std::move(text);
     positions_valid_ = false;
     for (int column = 0; column < cells_; ++column) {
         auto& index = indexes_[static_cast<std::size_t>(column)];
-        if (index != nullptr) AddToIndex(*index, row, column);
+        if (index != nullptr) index->Add(row);
     }
     rows_changed.Emit();
     return row;
@@ -56,19 +74,48 @@ ListRow& ListView::Add(std::string text) {
 
 bool ListView::Before(const ListRow& a, const ListRow& b) const {
     if (sort_column_ != kUnsorted) {
-        const auto column = static_cast<std::size_t>(sort_column_);
-        const int order = CompareIgnoringCase(a.cells_[column], b.cells_[column]);
+        const int order = CompareIgnoringCase(a.Cell(sort_column_), b.Cell(sort_column_));
         if (order != 0) return order < 0;
     }
     return a.number_ < b.number_;
 }
 
+/// The first eight bytes of the upper-cased text, for a comparison that looks at no row.
+static std::uint64_t FirstBytes(std::string_view text) {
+    const std::string upper = UpperUnicode(text.substr(0, OffsetOfCharacter(text, 8)));
+    std::uint64_t bytes = 0;
+    for (std::size_t i = 0; i < 8; ++i) {
+        bytes = bytes << 8 | (i < upper.size() ? static_cast<unsigned char>(upper[i]) : 0U);
+    }
+    return bytes;
+}
+
+void ListView::SortWaitingRows() const {
+    struct Entry {
+        std::uint64_t first_bytes;
+        ListRow* row;
+    };
+    std::vector<Entry> entries;
+    entries.reserve(rows_.size() - placed_);
+    for (std::size_t i = placed_; i < rows_.size(); ++i) {
+        ListRow* row = rows_[i].release();
+        entries.push_back(
+            {sort_column_ == kUnsorted ? 0 : FirstBytes(row->Cell(sort_column_)), row});
+    }
+    std::sort(entries.begin(), entries.end(), [this](const Entry& a, const Entry& b) {
+        return a.first_bytes != b.first_bytes ? a.first_bytes < b.first_bytes
+                                              : Before(*a.row, *b.row);
+    });
+    for (std::size_t i = 0; i < entries.size(); ++i) rows_[placed_ + i].reset(entries[i].row);
+}
+
 void ListView::EnsureOrder() const {
     if (placed_ == rows_.size()) return;
-    const auto before = [this](const std::unique_ptr<ListRow>& a,
-                               const std::unique_ptr<ListRow>& b) { return Before(*a, *b); };
+    const auto before = [this](const ListRow::Pointer& a, const ListRow::Pointer& b) {
+        return Before(*a, *b);
+    };
     const auto middle = rows_.begin() + static_cast<std::ptrdiff_t>(placed_);
-    std::sort(middle, rows_.end(), before);
+    if (!std::is_sorted(middle, rows_.end(), before)) SortWaitingRows();
     // The usual case of a reader: the new rows follow the old ones.
     if (placed_ != 0 && before(*middle, *(middle - 1))) {
         std::inplace_merge(rows_.begin(), middle, rows_.end(), before);
@@ -82,7 +129,7 @@ void ListView::EnsureOrder() const {
 void ListView::EnsurePositions() const {
     EnsureOrder();
     if (positions_valid_) return;
-    for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i]->position_ = i + 1;
+    for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i]->position_ = static_cast<int>(i) + 1;
     positions_valid_ = true;
 }
 
@@ -98,14 +145,14 @@ ListRow& ListView::At(int position) {
 
 int ListView::PositionOf(const ListRow& row) const {
     EnsurePositions();
-    return static_cast<int>(row.position_);
+    return row.position_;
 }
 
 void ListView::Remove(int position) {
     ListRow& row = At(position);
     for (int column = 0; column < cells_; ++column) {
         auto& index = indexes_[static_cast<std::size_t>(column)];
-        if (index != nullptr) RemoveFromIndex(*index, row, column);
+        if (index != nullptr) index->Remove(row);
     }
     if (selected_ == &row) Select(nullptr);
     rows_.erase(rows_.begin() + (position - 1));
@@ -145,7 +192,7 @@ void ListView::Select(ListRow* row) {
 void ListView::Unplace(ListRow& row) {
     if (row.pending_) return;
     EnsurePositions();
-    const auto at = rows_.begin() + static_cast<std::ptrdiff_t>(row.position_ - 1);
+    const auto at = rows_.begin() + (row.position_ - 1);
     std::rotate(at, at + 1, rows_.end());
     row.pending_ = true;
     placed_ = rows_.size() - 1;
@@ -154,13 +201,13 @@ void ListView::Unplace(ListRow& row) {
 
 void ListView::BeforeCellChange(ListRow& row, int column) {
     auto& index = indexes_[static_cast<std::size_t>(column)];
-    if (index != nullptr) RemoveFromIndex(*index, row, column);
+    if (index != nullptr) index->Remove(row);
     if (column == sort_column_) Unplace(row);
 }
 
 void ListView::AfterCellChange(ListRow& row, int column) {
     auto& index = indexes_[static_cast<std::size_t>(column)];
-    if (index != nullptr) AddToIndex(*index, row, column);
+    if (index != nullptr) index->Add(row);
     if (column == sort_column_) {
         ++order_version_;
         rows_changed.Emit();
@@ -169,56 +216,37 @@ void ListView::AfterCellChange(ListRow& row, int column) {
     }
 }
 
-void ListView::AddToIndex(Index& index, ListRow& row, int column) {
-    const std::string& key = row.cells_[static_cast<std::size_t>(column)];
-    // Nothing is looked up by an empty key often; a group of all rows without one would be slow
-    // to leave.
-    if (key.empty()) return;
-    Group& group = index[key];
-    group.rows.push_back(&row);
-    group.order_version = 0;
-}
-
-void ListView::RemoveFromIndex(Index& index, const ListRow& row, int column) {
-    const auto found = index.find(row.cells_[static_cast<std::size_t>(column)]);
-    if (found == index.end()) return;
-    auto& rows = found->second.rows;
-    rows.erase(std::remove(rows.begin(), rows.end(), &row), rows.end());
-    found->second.order_version = 0;
-    if (rows.empty()) index.erase(found);
-}
-
-const ListView::Index& ListView::IndexOf(int column) const {
+const CellIndex& ListView::IndexOf(int column) const {
     auto& index = indexes_.at(static_cast<std::size_t>(column));
     if (index == nullptr) {
-        index = std::make_unique<Index>();
-        index->reserve(rows_.size());
-        for (const auto& row : rows_) AddToIndex(*index, *row, column);
+        index = std::make_unique<CellIndex>(column);
+        index->Reserve(rows_.size());
+        for (const auto& row : rows_) index->Add(*row);
     }
     return *index;
 }
 
-const ListView::Group* ListView::GroupOf(int column, std::string_view key) const {
+const CellIndex::Group* ListView::GroupOf(int column, std::string_view key) const {
     EnsureOrder();
-    const Index& index = IndexOf(column);
-    const auto found = index.find(key);
-    if (found == index.end()) return nullptr;
-    const Group& group = found->second;
-    if (group.order_version != order_version_) {
+    return IndexOf(column).Find(key);
+}
+
+const CellIndex::Several& ListView::Ordered(const CellIndex::Group& group) const {
+    CellIndex::Several& several = *group.several;
+    if (several.order_version != order_version_) {
         const auto before = [this](const ListRow* a, const ListRow* b) { return Before(*a, *b); };
         const auto [first, last] =
-            std::minmax_element(group.rows.begin(), group.rows.end(), before);
-        group.first = *first;
-        group.last = *last;
-        group.order_version = order_version_;
+            std::minmax_element(several.rows.begin(), several.rows.end(), before);
+        several.first = *first;
+        several.last = *last;
+        several.order_version = order_version_;
     }
-    return &group;
+    return several;
 }
 
 ListRow* ListView::EmptyAt(int column, End end) const {
     EnsureOrder();
-    const auto cell = static_cast<std::size_t>(column);
-    const auto is_empty = [&](const auto& row) { return row->cells_[cell].empty(); };
+    const auto is_empty = [&](const auto& row) { return row->Cell(column).empty(); };
     if (end == End::kFirst) {
         const auto found = std::find_if(rows_.begin(), rows_.end(), is_empty);
         return found == rows_.end() ? nullptr : found->get();
@@ -229,11 +257,14 @@ ListRow* ListView::EmptyAt(int column, End end) const {
 
 ListRow* ListView::ExactlyAt(int column, std::string_view key, End end) const {
     if (key.empty()) return EmptyAt(column, end);
-    const Group* group = GroupOf(column, key);
+    const CellIndex::Group* group = GroupOf(column, key);
     ListRow* best = nullptr;
     if (group == nullptr) return best;
-    for (ListRow* row : group->rows) {
-        if (row->cells_[static_cast<std::size_t>(column)] != key) continue;
+    if (group->only != nullptr) {
+        return group->only->Cell(column) == key ? group->only : nullptr;
+    }
+    for (ListRow* row : group->several->rows) {
+        if (row->Cell(column) != key) continue;
         const bool is_better = best == nullptr || (Before(*row, *best) == (end == End::kFirst));
         if (is_better) best = row;
     }
@@ -242,14 +273,16 @@ ListRow* ListView::ExactlyAt(int column, std::string_view key, End end) const {
 
 ListRow* ListView::FirstWith(int column, std::string_view key) const {
     if (key.empty()) return EmptyAt(column, End::kFirst);
-    const Group* group = GroupOf(column, key);
-    return group == nullptr ? nullptr : group->first;
+    const CellIndex::Group* group = GroupOf(column, key);
+    if (group == nullptr || group->only != nullptr) return group == nullptr ? nullptr : group->only;
+    return Ordered(*group).first;
 }
 
 ListRow* ListView::LastWith(int column, std::string_view key) const {
     if (key.empty()) return EmptyAt(column, End::kLast);
-    const Group* group = GroupOf(column, key);
-    return group == nullptr ? nullptr : group->last;
+    const CellIndex::Group* group = GroupOf(column, key);
+    if (group == nullptr || group->only != nullptr) return group == nullptr ? nullptr : group->only;
+    return Ordered(*group).last;
 }
 
 ListRow* ListView::FirstWithExactly(int column, std::string_view key) const {

@@ -6,12 +6,11 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "platform/controls/cell_index.hpp"
 #include "platform/controls/control.hpp"
-#include "platform/unicode.hpp"
 
 namespace quorrel {
 
@@ -20,25 +19,46 @@ class ListView;
 /// One row. It is made by ListView::Add and stays at its address until it is removed.
 class ListRow {
   public:
-    [[nodiscard]] const std::string& Text() const { return cells_[0]; }
+    ListRow(const ListRow&) = delete;
+    ListRow& operator=(const ListRow&) = delete;
+
+    [[nodiscard]] const std::string& Text() const { return Cells()[0]; }
     /// `column` from 1 on. A column that the table lacks raises 9.
     [[nodiscard]] const std::string& SubItems(int column) const;
     void SetText(std::string text) { SetCell(0, std::move(text)); }
     void SetSubItem(int column, std::string text) { SetCell(column, std::move(text)); }
     /// Appends to a sub-item in place.
     void AppendToSubItem(int column, std::string_view text);
+    /// The text for column 0, else the sub-item; the column must exist.
+    [[nodiscard]] const std::string& Cell(int column) const {
+        return Cells()[static_cast<std::size_t>(column)];
+    }
 
   private:
     friend class ListView;
-    ListRow(ListView& table, std::size_t number, std::size_t cells)
-        : table_(table), number_(number), cells_(cells) {}
+    struct Deleter {
+        void operator()(ListRow* row) const;
+    };
+    using Pointer = std::unique_ptr<ListRow, Deleter>;
+
+    /// The cells stand behind the row in one piece of memory.
+    static Pointer Make(ListView& table, std::size_t number, int cells);
+    ListRow(ListView& table, std::size_t number, int cells)
+        : table_(table), number_(number), cell_count_(cells) {}
+    ~ListRow() = default;
+    [[nodiscard]] std::string* Cells() { return reinterpret_cast<std::string*>(this + 1); }
+    [[nodiscard]] const std::string* Cells() const {
+        return reinterpret_cast<const std::string*>(this + 1);
+    }
     void SetCell(int column, std::string text);
+    /// Raises 9 where there is no such cell.
+    std::string& CheckedCell(int column, int first);
 
     ListView& table_;
-    std::size_t number_;        // counts the additions; orders rows with equal keys
-    std::size_t position_ = 0;  // 1-based, valid while the table's positions are
-    bool pending_ = true;       // not yet at its place in the order
-    std::vector<std::string> cells_;
+    std::size_t number_;  // counts the additions; orders rows with equal keys
+    int position_ = 0;    // 1-based, valid while the table's positions are
+    int cell_count_;
+    bool pending_ = true;  // not yet at its place in the order
 };
 
 /// A column as the user sees it; a width of 0 hides it.
@@ -91,28 +111,19 @@ class ListView : public Control {
   private:
     friend class ListRow;
 
-    /// The rows that share a key, with the outer two of them found when first asked for.
-    struct Group {
-        std::vector<ListRow*> rows;
-        mutable ListRow* first = nullptr;
-        mutable ListRow* last = nullptr;
-        mutable std::size_t order_version = 0;
-    };
-    using Index = std::unordered_map<std::string, Group, IgnoringCaseHash, IgnoringCaseEqual>;
-
     [[nodiscard]] bool Before(const ListRow& a, const ListRow& b) const;
     void EnsureOrder() const;
+    void SortWaitingRows() const;
     void EnsurePositions() const;
-    [[nodiscard]] const Index& IndexOf(int column) const;
-    [[nodiscard]] const Group* GroupOf(int column, std::string_view key) const;
+    [[nodiscard]] const CellIndex& IndexOf(int column) const;
+    [[nodiscard]] const CellIndex::Group* GroupOf(int column, std::string_view key) const;
+    const CellIndex::Several& Ordered(const CellIndex::Group& group) const;
     enum class End { kFirst, kLast };
     [[nodiscard]] ListRow* EmptyAt(int column, End end) const;
     [[nodiscard]] ListRow* ExactlyAt(int column, std::string_view key, End end) const;
     void Unplace(ListRow& row);
     void BeforeCellChange(ListRow& row, int column);
     void AfterCellChange(ListRow& row, int column);
-    static void AddToIndex(Index& index, ListRow& row, int column);
-    static void RemoveFromIndex(Index& index, const ListRow& row, int column);
 
     int cells_;
     int sort_column_;
@@ -121,11 +132,11 @@ class ListView : public Control {
 
     // The order is made when it is asked for: a reader that adds ten thousand rows pays for one
     // sort, not for ten thousand insertions.
-    mutable std::vector<std::unique_ptr<ListRow>> rows_;  // placed rows first, in order
-    mutable std::size_t placed_ = 0;                      // the rest wait for their place
+    mutable std::vector<ListRow::Pointer> rows_;  // placed rows first, in order
+    mutable std::size_t placed_ = 0;              // the rest wait for their place
     mutable bool positions_valid_ = false;
     mutable std::size_t order_version_ = 1;
-    mutable std::vector<std::unique_ptr<Index>> indexes_;  // by column, made on first use
+    mutable std::vector<std::unique_ptr<CellIndex>> indexes_;  // by column, made on first use
 };
 
 }  // namespace quorrel

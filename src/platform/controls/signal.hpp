@@ -1,9 +1,9 @@
 // A list of listeners.
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <utility>
-#include <vector>
 
 namespace quorrel {
 
@@ -23,13 +23,13 @@ class Signal {
         // By index: a listener may connect another one, which is called from the next time on.
         const std::size_t count = listeners_.size();
         for (std::size_t i = 0; i < count; ++i) {
-            const auto listener = listeners_[i];
-            listener(arguments...);
+            listeners_[i](arguments...);
         }
     }
 
   private:
-    std::vector<std::function<void(Arguments...)>> listeners_;
+    // A deque: its elements stay in place when one is added meanwhile.
+    std::deque<std::function<void(Arguments...)>> listeners_;
 };
 
 }  // namespace quorrel

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/failure.hpp"
+#include "platform/unicode.hpp"
 
 namespace quorrel {
 namespace {
