@@ -26,7 +26,7 @@ class Cells {
     TopicTables tables_;
     ListRow& first_ = tables_.ListTopics.Add("first");
     ListRow& second_ = tables_.ListTopics.Add("second");
-    const fuzz::QuietTrap trap_;
+    fuzz::QuietTrap trap_;
     TextBudget budget_{trap_};
     KeywordCells cells_{budget_};
     std::string plain_first_, plain_second_;

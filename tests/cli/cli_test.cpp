@@ -62,8 +62,7 @@ TEST_F(Cli, DumpsAProject) {
 }
 
 TEST_F(Cli, AProjectThatCannotBeReadIsAFailure) {
-    for (const std::string& name :
-         {folder.Native("none.hhp"), folder.Native()}) {
+    for (const std::string& name : {folder.Native("none.hhp"), folder.Native()}) {
         const Outcome outcome = RunProgram({"dump", name.c_str()});
         EXPECT_EQ(outcome.code, 1) << name;
         EXPECT_EQ(outcome.out, "");
