@@ -1,0 +1,14 @@
+// The filter of a file dialog, from its classic form.
+#pragma once
+
+#include <QStringList>
+
+#include <string_view>
+
+namespace quorrel {
+
+/// "Text (*.a)|*.a;*.b|..." as the toolkit's filters. The patterns match whatever the case of a
+/// name. One for Windows programs becomes "All files": programs have no ending elsewhere.
+[[nodiscard]] QStringList NameFilters(std::string_view classic_filter);
+
+}  // namespace quorrel

@@ -1,0 +1,60 @@
+#include "ui/index_pane.hpp"
+
+#include <QMenu>
+
+#include "app/main_form.hpp"
+#include "contents/index_targets.hpp"
+#include "platform/text.hpp"
+#include "project/open_topic.hpp"
+#include "ui/metrics.hpp"
+#include "ui/qt_text.hpp"
+
+namespace quorrel {
+namespace {
+
+QString TargetCaption(const IndexTarget& target) {
+    const std::string_view text =
+        target.title.empty() ? AfterLast(target.path, '\\') : std::string_view(target.title);
+    return WithoutMnemonics(ToQt(FirstCharacters(text, kShownCharacters)));
+}
+
+}  // namespace
+
+IndexPane::IndexPane(MainForm& main, QWidget* parent)
+    : ReportList(main.keywords.ListKeywords, "ListKeywords", parent), main_(main) {
+    setAccessibleName("Index");
+    setHeaderHidden(true);
+    row_opened = [this](ListRow& row) { OpenKeyword(row); };
+}
+
+void IndexPane::OpenKeyword(ListRow& row) {
+    ListView& table = main_.keywords.ListKeywords;
+    if (IsSeeAlso(row)) {
+        if (ListRow* other = SeeAlsoRow(table, row)) {
+            table.Select(other);
+        } else {
+            main_.screen.Beep();
+        }
+        return;
+    }
+    const std::vector<IndexTarget> targets =
+        IndexTargets(row.SubItems(keyword_cell::IDX_TITLEPATH));
+    if (targets.empty()) return main_.screen.Beep();
+    if (targets.size() == 1) return OpenTopic(main_, targets.front().path);
+    OfferTargets(row);
+}
+
+void IndexPane::OfferTargets(const ListRow& row) {
+    auto* menu = new QMenu(this);
+    menu->setObjectName("targets");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const IndexTarget& target : IndexTargets(row.SubItems(keyword_cell::IDX_TITLEPATH))) {
+        menu->addAction(TargetCaption(target), this,
+                        [this, path = target.path] { OpenTopic(main_, path); });
+    }
+    menu->setActiveAction(menu->actions().constFirst());
+    const QRect place = visualRect(Rows().IndexOf(&row));
+    menu->popup(viewport()->mapToGlobal(place.bottomLeft()));
+}
+
+}  // namespace quorrel

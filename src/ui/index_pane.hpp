@@ -1,0 +1,22 @@
+// The keyword index at the left.
+#pragma once
+
+#include "ui/report_list.hpp"
+
+namespace quorrel {
+
+struct MainForm;
+
+class IndexPane : public ReportList {
+    Q_OBJECT
+  public:
+    explicit IndexPane(MainForm& main, QWidget* parent = nullptr);
+
+  private:
+    void OpenKeyword(ListRow& row);
+    void OfferTargets(const ListRow& row);
+
+    MainForm& main_;
+};
+
+}  // namespace quorrel

@@ -1,0 +1,50 @@
+#include "ui/listen.hpp"
+
+#include "ui/qt_text.hpp"
+
+namespace quorrel {
+
+void FollowControl(QWidget* widget, Control& control) {
+    const auto show = [widget, &control] {
+        widget->setEnabled(control.Enabled());
+        widget->setVisible(control.Visible());
+        const std::string& tip = control.ToolTipText;
+        if (!tip.empty()) widget->setToolTip(PlainToolTip(ToQt(tip)));
+    };
+    show();
+    Listen(control.changed, widget, show);
+}
+
+void FollowButton(QAbstractButton* button, Control& control) {
+    FollowControl(button, control);
+    const auto show = [button, &control] {
+        const std::string& caption = control.Caption;
+        if (!caption.empty()) button->setText(ToQt(caption));
+    };
+    show();
+    Listen(control.changed, button, show);
+}
+
+void FollowCheckBox(QAbstractButton* box, CheckBox& control) {
+    FollowButton(box, control);
+    const auto show = [box, &control] { box->setChecked(control.Value()); };
+    show();
+    Listen(control.changed, box, show);
+    QObject::connect(box, &QAbstractButton::toggled, box,
+                     [&control](bool on) { control.Value = on; });
+}
+
+void FollowTextBox(QLineEdit* edit, TextBox& control) {
+    FollowControl(edit, control);
+    const auto show = [edit, &control] {
+        const QString text = ToQt(control.Text());
+        // Setting an equal text would move the cursor under the user's hands.
+        if (edit->text() != text) edit->setText(text);
+    };
+    show();
+    Listen(control.changed, edit, show);
+    QObject::connect(edit, &QLineEdit::textChanged, edit,
+                     [&control](const QString& text) { control.Text = FromQt(text); });
+}
+
+}  // namespace quorrel

@@ -1,0 +1,58 @@
+#include <unistd.h>
+
+#include <QApplication>
+#include <QTimer>
+
+#include <string>
+
+#include "app/main_form.hpp"
+#include "app/startup.hpp"
+#include "platform/native_file_system.hpp"
+#include "ui/appearance.hpp"
+#include "ui/main_window.hpp"
+#include "ui/qt_screen.hpp"
+#include "ui/topic_scheme.hpp"
+#include "ui/web_surface.hpp"
+
+namespace {
+
+std::string CommandLine(int argc, char** argv) {
+    std::string line;
+    for (int i = 1; i < argc; ++i) {
+        if (i > 1) line += ' ';
+        line += argv[i];
+    }
+    return line;
+}
+
+void PrepareWebEngine() {
+    // The engine refuses to start its sandbox for the super-user.
+    if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    quorrel::RegisterTopicScheme();
+    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    using namespace quorrel;
+    const std::string command_line = CommandLine(argc, argv);
+    PrepareWebEngine();
+    QApplication app(argc, argv);
+    QApplication::setApplicationName("Quorrel");
+    QApplication::setApplicationVersion(QUORREL_VERSION);
+    // The splash is the last window when it closes.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    LoadPictures();
+
+    NativeFileSystem files;
+    QtScreen screen(files);
+    WebSurface surface(files);
+    MainForm main_form(files, screen, surface, files.WindowsPath(NativeSettingsFolder()));
+    MainWindow window(main_form, surface);
+    QObject::connect(&window, &MainWindow::Closed, &app, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+    QTimer::singleShot(0, &window, [&] { Form_Load(main_form, command_line); });
+    return QApplication::exec();
+}

@@ -1,0 +1,62 @@
+// The main window: it shows what MainForm holds.
+#pragma once
+
+#include <QMainWindow>
+
+#include "ui/main_menu.hpp"
+#include "ui/window_settings.hpp"
+
+class QSplitter;
+class QTabWidget;
+
+namespace quorrel {
+
+class ContentsPane;
+class ElidedLabel;
+class IndexPane;
+struct MainForm;
+class TopicsPane;
+class WebSurface;
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+  public:
+    /// The window comes up when the logic makes it visible.
+    MainWindow(MainForm& main, WebSurface& surface);
+
+  signals:
+    /// The run is over.
+    void Closed();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void MakeToolBar();
+    void MakeLeftSide();
+    void MakeStatusBar();
+    void FollowWindow();
+    void FollowTabs();
+    void FollowStatus();
+    void ShowFirstTime();
+    void ShowIcons();
+    void Remember();
+    void OpenLink(const std::string& path, const QString& bookmark);
+
+    MainForm& main_;
+    WebSurface& surface_;
+    WindowSettings settings_;
+    MainMenu menu_;
+    QSplitter* splitter_;
+    QTabWidget* tabs_;
+    ContentsPane* contents_;
+    TopicsPane* topics_;
+    IndexPane* index_;
+    ElidedLabel* state_;
+    ElidedLabel* path_;
+    bool was_shown_ = false;
+    bool is_closed_ = false;
+};
+
+}  // namespace quorrel

@@ -1,0 +1,176 @@
+#include "ui/qt_screen.hpp"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+#include "app/form_settings.hpp"
+#include "app/form_splash.hpp"
+#include "app/form_startup.hpp"
+#include "ui/file_filter.hpp"
+#include "ui/qt_text.hpp"
+#include "ui/settings_dialog.hpp"
+#include "ui/splash_dialog.hpp"
+#include "ui/startup_dialog.hpp"
+#include "ui/window_settings.hpp"
+
+namespace quorrel {
+namespace {
+
+constexpr const char* kLastFolder = "lastFolder";
+
+/// The dialog in front, else the main window.
+QWidget* ParentForDialog() {
+    if (QWidget* front = QApplication::activeModalWidget()) return front;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == "MainForm") return window;
+    }
+    return nullptr;
+}
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::kNone:
+            return QMessageBox::NoIcon;
+        case MessageIcon::kInformation:
+            return QMessageBox::Information;
+        case MessageIcon::kExclamation:
+            return QMessageBox::Warning;
+        case MessageIcon::kCritical:
+            return QMessageBox::Critical;
+        case MessageIcon::kQuestion:
+            return QMessageBox::Question;
+    }
+    return QMessageBox::NoIcon;
+}
+
+void SetButtons(QMessageBox& box, MessageButtons buttons) {
+    switch (buttons) {
+        case MessageButtons::kOk:
+            box.setStandardButtons(QMessageBox::Ok);
+            return;
+        case MessageButtons::kYesNo:
+            box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+            box.setEscapeButton(QMessageBox::No);
+            break;
+        case MessageButtons::kYesNoCancel:
+            box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+            box.setEscapeButton(QMessageBox::Cancel);
+            break;
+    }
+    box.setDefaultButton(QMessageBox::Yes);
+}
+
+}  // namespace
+
+class QtScreen::NormalPointer {
+  public:
+    explicit NormalPointer(int& hourglasses)
+        : hourglasses_(hourglasses), behind_(std::exchange(hourglasses, 0)) {
+        if (behind_ > 0) QApplication::restoreOverrideCursor();
+    }
+    NormalPointer(const NormalPointer&) = delete;
+    NormalPointer& operator=(const NormalPointer&) = delete;
+    ~NormalPointer() {
+        if (behind_ > 0 && hourglasses_ == 0) QApplication::setOverrideCursor(Qt::WaitCursor);
+        hourglasses_ += behind_;
+    }
+
+  private:
+    int& hourglasses_;
+    int behind_;
+};
+
+void QtScreen::ShowModal(Form& form) {
+    {
+        const NormalPointer pointer(hourglasses_);
+        QWidget* parent = ParentForDialog();
+        if (form.Name() == "frmSplash") {
+            SplashDialog(static_cast<frmSplash&>(form)).exec();
+        } else if (form.Name() == "FormStartup") {
+            StartupDialog(static_cast<FormStartup&>(form), parent).exec();
+        } else if (form.Name() == "FormSettings") {
+            SettingsDialog(static_cast<FormSettings&>(form), parent).exec();
+        } else {
+            qFatal("no view for %s", std::string(form.Name()).c_str());
+        }
+    }
+    form.Unload();
+}
+
+MessageAnswer QtScreen::ShowMessage(const Message& message) {
+    const NormalPointer pointer(hourglasses_);
+    QMessageBox box(ParentForDialog());
+    box.setObjectName("Message");
+    box.setIcon(IconOf(message.icon));
+    box.setWindowTitle(ToQt(message.caption));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ToQt(message.text));
+    SetButtons(box, message.buttons);
+    switch (box.exec()) {
+        case QMessageBox::Ok:
+            return MessageAnswer::kOk;
+        case QMessageBox::Yes:
+            return MessageAnswer::kYes;
+        case QMessageBox::No:
+            return MessageAnswer::kNo;
+        default:
+            return MessageAnswer::kCancel;
+    }
+}
+
+QString QtScreen::StartFolder(const FileDialog& dialog) const {
+    const QString wanted = ToQt(files_.NativePath(dialog.folder));
+    if (!wanted.isEmpty() && QFileInfo(wanted).isDir()) return wanted;
+    return WindowSettings().Text(kLastFolder);
+}
+
+std::string QtScreen::ChooseFile(const FileDialog& dialog) {
+    const NormalPointer pointer(hourglasses_);
+    QFileDialog box(ParentForDialog(), ToQt(dialog.title), StartFolder(dialog));
+    box.setObjectName("FileDialog");
+    box.setNameFilters(NameFilters(dialog.filter));
+    box.setOption(QFileDialog::HideNameFilterDetails);
+    box.setFileMode(dialog.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    box.setAcceptMode(dialog.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return {};
+    const QString chosen = box.selectedFiles().constFirst();
+    WindowSettings().SetText(kLastFolder, QFileInfo(chosen).absolutePath());
+    return files_.WindowsPath(FromQt(chosen));
+}
+
+void QtScreen::SetPointer(Pointer pointer) {
+    // Routines that show the hourglass call others that do.
+    const int before = hourglasses_;
+    hourglasses_ = std::max(0, before + (pointer == Pointer::kHourglass ? 1 : -1));
+    if (before == 0 && hourglasses_ == 1) QApplication::setOverrideCursor(Qt::WaitCursor);
+    if (before == 1 && hourglasses_ == 0) QApplication::restoreOverrideCursor();
+}
+
+void QtScreen::DoEvents() {
+    // What the user does meanwhile waits: it must not change what the caller is working on.
+    constexpr auto kKind = QEventLoop::ExcludeUserInputEvents;
+    if (QAbstractEventDispatcher::instance()->processEvents(kKind)) return;
+    // Nothing was pending, and the caller will ask again at once: the processor is left to the
+    // page that is being waited for.
+    QTimer wake;
+    wake.setSingleShot(true);
+    wake.start(5);
+    QAbstractEventDispatcher::instance()->processEvents(kKind | QEventLoop::WaitForMoreEvents);
+}
+
+void QtScreen::Beep() {
+    QApplication::beep();
+}
+
+void QtScreen::SetClipboardText(std::string_view text) {
+    QApplication::clipboard()->setText(ToQt(text));
+}
+
+}  // namespace quorrel

@@ -1,0 +1,53 @@
+#include "ui/splash_dialog.hpp"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QScreen>
+#include <QSvgRenderer>
+#include <QTimer>
+
+#include "ui/metrics.hpp"
+
+namespace quorrel {
+namespace {
+constexpr int kLeftOfCentre = 60;  // twips
+constexpr int kFrame = 4;
+}  // namespace
+
+SplashDialog::SplashDialog(const frmSplash& form)
+    : QDialog(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint),
+      picture_(form.ShowsHtmlHelpPicture() ? ":/quorrel/icons/splash_html_help.svg"
+                                           : ":/quorrel/icons/splash_javahelp.svg") {
+    setObjectName("frmSplash");
+    setAccessibleName(form.ShowsHtmlHelpPicture() ? "Quorrel HTML Help Edition"
+                                                  : "Quorrel JavaHelp Edition");
+    setFixedSize(QSvgRenderer(picture_).defaultSize() + QSize(2 * kFrame, 2 * kFrame));
+    Place();
+    QTimer::singleShot(frmSplash::kMilliseconds, this, &QDialog::accept);
+}
+
+void SplashDialog::Place() {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    QRect place(QPoint(), size());
+    place.moveCenter(screen.center());
+    place.translate(-PixelsOfTwips(kLeftOfCentre), 0);
+    move(place.topLeft());
+}
+
+void SplashDialog::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), palette().mid());
+    painter.fillRect(rect().adjusted(1, 1, -1, -1), palette().window());
+    QSvgRenderer(picture_).render(&painter, rect().adjusted(kFrame, kFrame, -kFrame, -kFrame));
+}
+
+void SplashDialog::keyPressEvent(QKeyEvent*) {
+    accept();
+}
+
+void SplashDialog::mousePressEvent(QMouseEvent*) {
+    accept();
+}
+
+}  // namespace quorrel

@@ -1,0 +1,44 @@
+// The page of the web engine that shows a topic, and what it may do.
+#pragma once
+
+#include <QWebEnginePage>
+#include <QWebEngineUrlRequestInterceptor>
+
+#include <functional>
+
+namespace quorrel {
+
+/// Lets nothing through but our own scheme and data inside the page.
+class RequestFilter : public QWebEngineUrlRequestInterceptor {
+    Q_OBJECT
+  public:
+    using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
+    void interceptRequest(QWebEngineUrlRequestInfo& info) override;
+};
+
+/// Shows what it is told to and goes nowhere by itself: a link is only reported.
+class TopicPage : public QWebEnginePage {
+    Q_OBJECT
+  public:
+    TopicPage(QWebEngineProfile* profile, QObject* parent);
+
+    void Show(const QUrl& url);
+
+    /// The user clicked a link.
+    std::function<void(const QUrl&)> link_clicked;
+
+  signals:
+    /// The page wanted to go elsewhere and did not.
+    void Refused(const QUrl& url);
+
+  protected:
+    bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool is_main) override;
+
+  private:
+    bool MayGoTo(const QUrl& url, NavigationType type, bool is_main);
+    bool IsOwnLoad(const QUrl& url);
+
+    QUrl expected_;  // the load that has been asked for and not yet been seen
+};
+
+}  // namespace quorrel

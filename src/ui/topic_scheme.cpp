@@ -1,0 +1,103 @@
+#include "ui/topic_scheme.hpp"
+
+#include <QBuffer>
+#include <QMimeDatabase>
+#include <QWebEngineUrlRequestJob>
+#include <QWebEngineUrlScheme>
+
+#include "platform/failure.hpp"
+#include "platform/text.hpp"
+#include "platform/topic_encoding.hpp"
+#include "ui/qt_text.hpp"
+
+namespace quorrel {
+namespace {
+
+const QString kTopicHost = "topic";
+const QString kBlankHost = "blank";
+
+QByteArray MimeTypeOf(const std::string& path) {
+    const std::string name = LowerAscii(AfterLast(path, '\\'));
+    for (const char* ending : {".htm", ".html", ".xhtml", ".shtml", ".tmp"}) {
+        if (name.ends_with(ending)) return "text/html";
+    }
+    if (name.ends_with(".css")) return "text/css";
+    static const QMimeDatabase types;
+    return types.mimeTypeForFile(ToQt(name), QMimeDatabase::MatchExtension).name().toLatin1();
+}
+
+void Reply(QWebEngineUrlRequestJob* job, const QByteArray& type, const QByteArray& bytes) {
+    auto* buffer = new QBuffer(job);
+    buffer->setData(bytes);
+    buffer->open(QIODevice::ReadOnly);
+    job->reply(type, buffer);
+}
+
+}  // namespace
+
+void RegisterTopicScheme() {
+    QWebEngineUrlScheme scheme(kTopicScheme);
+    scheme.setSyntax(QWebEngineUrlScheme::Syntax::Host);
+    scheme.setFlags(QWebEngineUrlScheme::SecureScheme);
+    QWebEngineUrlScheme::registerScheme(scheme);
+}
+
+QUrl UrlOfTopic(const std::string& path, int load) {
+    QUrl url;
+    url.setScheme(kTopicScheme);
+    url.setHost(kTopicHost);
+    // Encoded by hand: a "%" or "#" in a name must not be taken for anything else.
+    const QByteArray name = QByteArray::fromStdString(ReplaceAll(path, "\\", "/"));
+    url.setPath("/" + QString::fromLatin1(name.toPercentEncoding("/:")), QUrl::StrictMode);
+    url.setQuery(QString::number(load));
+    return url;
+}
+
+std::string PathOfUrl(const QUrl& url) {
+    if (url.scheme() != kTopicScheme || url.host() != kTopicHost) return {};
+    const QByteArray encoded = url.path(QUrl::FullyEncoded).toLatin1();
+    const std::string path = QByteArray::fromPercentEncoding(encoded).toStdString();
+    return ReplaceAll(std::string_view(path).substr(path.starts_with('/') ? 1 : 0), "/", "\\");
+}
+
+QUrl BlankUrl() {
+    QUrl url;
+    url.setScheme(kTopicScheme);
+    url.setHost(kBlankHost);
+    url.setPath("/");
+    return url;
+}
+
+QByteArray HtmlForEngine(std::string_view bytes, int code_page) {
+    const std::string text = DecodeText(bytes, TopicEncoding(bytes, code_page));
+    const std::string mark = "\xEF\xBB\xBF";
+    return QByteArray::fromStdString(text.starts_with(mark) ? text : mark + text);
+}
+
+TopicSchemeHandler::TopicSchemeHandler(FileSystem& files, std::function<int()> code_page,
+                                       Document document, QObject* parent)
+    : QWebEngineUrlSchemeHandler(parent),
+      files_(files),
+      code_page_(std::move(code_page)),
+      document_(std::move(document)) {}
+
+void TopicSchemeHandler::requestStarted(QWebEngineUrlRequestJob* job) {
+    const QUrl url = job->requestUrl();
+    if (job->requestMethod() != "GET") return job->fail(QWebEngineUrlRequestJob::RequestDenied);
+    if (url.host() == kBlankHost) return Reply(job, "text/html", {});
+    if (const auto bytes = document_(url)) {
+        return Reply(job, "text/html", HtmlForEngine(*bytes, code_page_()));
+    }
+    const std::string path = PathOfUrl(url);
+    try {
+        const std::string bytes = files_.ReadFile(path);
+        const QByteArray type = MimeTypeOf(path);
+        const bool is_html = type == "text/html";
+        Reply(job, type,
+              is_html ? HtmlForEngine(bytes, code_page_()) : QByteArray::fromStdString(bytes));
+    } catch (const RuntimeError&) {
+        job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+    }
+}
+
+}  // namespace quorrel

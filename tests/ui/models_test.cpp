@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTreeView>
+
+#include "ui/list_view_model.hpp"
+#include "ui/report_list.hpp"
+#include "ui/tree_view_model.hpp"
+
+namespace quorrel::test {
+namespace {
+
+using Tester = QAbstractItemModelTester;
+
+// The tester ends the program at the first breach.
+constexpr auto kFatal = Tester::FailureReportingMode::Fatal;
+
+TEST(ListViewModelTest, IsSoundWhileTheTableChanges) {
+    ListView table(3, 0);
+    table.columns = {{"A", 1500}, {"", 0}, {"C", 3000}};
+    ListViewModel model(table);
+    const Tester tester(&model, kFatal);
+    QTreeView view;
+    view.setModel(&model);
+    view.show();
+    EXPECT_EQ(model.columnCount(), 2);
+    EXPECT_EQ(model.headerData(1, Qt::Horizontal).toString(), "C");
+    for (int round = 0; round < 3; ++round) {
+        for (const char* text : {"c", "a", "b"}) table.Add(text).SetSubItem(2, text);
+        EXPECT_EQ(model.rowCount(), 0) << "no row is shown before the logic is at rest";
+        EXPECT_TRUE(QTest::qWaitFor([&] { return model.rowCount() == 3; }));
+        EXPECT_EQ(model.index(0, 1).data().toString(), "a");
+        table.Select(&table.At(2));
+        const QModelIndex old = model.index(2, 0);
+        table.Remove(3);
+        EXPECT_FALSE(old.data().isValid());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return model.rowCount() == 2; }));
+        table.Clear();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return model.IsFilled(); }));
+        EXPECT_EQ(model.rowCount(), 0);
+    }
+}
+
+TEST(ListViewModelTest, AContentChangeIsShownWithoutAReset) {
+    ListView table(2, 0);
+    table.columns = {{"A", 1500}, {"B", 1500}};
+    ListRow& row = table.Add("a");
+    ListViewModel model(table);
+    QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
+    QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
+    row.SetSubItem(1, "new");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return changes.count() == 1; }));
+    EXPECT_EQ(resets.count(), 0);
+    EXPECT_EQ(model.index(0, 1).data().toString(), "new");
+}
+
+TEST(ListViewModelTest, AHundredThousandRowsAreTakenInAtOnce) {
+    ListView table(2, 0);
+    table.columns = {{"A", 1500}, {"B", 1500}};
+    ReportList view(table, "list");
+    view.resize(300, 400);
+    view.show();
+    int asked = 0;
+    view.Rows().shown_text = [&](int, const ListRow& row) {
+        ++asked;
+        return row.Text();
+    };
+    QSignalSpy resets(&view.Rows(), &QAbstractItemModel::modelReset);
+    constexpr int kRows = 100000;
+    for (int i = 0; i < kRows; ++i) table.Add(std::to_string(i)).SetSubItem(1, "x");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.Rows().rowCount() == kRows; }));
+    table.Select(&table.At(kRows));
+    view.grab();
+    EXPECT_EQ(view.currentIndex().row(), kRows - 1);
+    EXPECT_EQ(resets.count(), 2) << "one to empty the model and one to fill it";
+    EXPECT_GT(asked, 0);
+    EXPECT_LT(asked, 1000) << "only rows in sight are asked for";
+}
+
+TEST(TreeViewModelTest, IsSoundWhileTheTreeChanges) {
+    TreeView tree;
+    TreeViewModel model(tree);
+    const Tester tester(&model, kFatal);
+    QTreeView view;
+    view.setModel(&model);
+    view.show();
+    for (int round = 0; round < 3; ++round) {
+        TreeNode& book = tree.Add(nullptr, NodeRelation::kChild, "book", 2, 2);
+        TreeNode& page = tree.Add(&book, NodeRelation::kChild, "page", 3, 3);
+        tree.Add(&book, NodeRelation::kNext, "last", 3, 3);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return model.IsFilled(); }));
+        view.expandAll();
+        view.setCurrentIndex(model.IndexOf(&page));
+        EXPECT_EQ(model.IndexOf(&page).parent(), model.IndexOf(&book));
+        EXPECT_EQ(model.NodeAt(model.index(1, 0))->Text, "last");
+        const QModelIndex stale = model.IndexOf(&page);
+        tree.Clear();
+        EXPECT_EQ(model.rowCount(), 0);
+        EXPECT_EQ(model.NodeAt(stale), nullptr);
+        EXPECT_FALSE(model.parent(stale).isValid());
+        view.grab();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return model.IsFilled(); }));
+    }
+}
+
+}  // namespace
+}  // namespace quorrel::test

@@ -1,0 +1,122 @@
+#include "ui/web_surface.hpp"
+
+#include <QTcpServer>
+#include <QTest>
+#include <QWebEnginePage>
+#include <QWebEngineView>
+
+#include <set>
+
+#include "platform/failure.hpp"
+#include "platform/text.hpp"
+#include "ui/topic_page.hpp"
+#include "ui/topic_scheme.hpp"
+#include "ui/window_fixture.hpp"
+
+namespace quorrel::test {
+namespace {
+
+using Surface = WindowFixture;
+
+/// Remembers what was read.
+class RecordingFiles : public NativeFileSystem {
+  public:
+    std::string ReadFile(std::string_view path) override {
+        std::string bytes = NativeFileSystem::ReadFile(path);
+        read.insert(std::string(path));
+        return bytes;
+    }
+    std::set<std::string> read;
+};
+
+/// A link over the upper left corner of the page, and a click on it.
+std::string CornerLink(const std::string& target) {
+    return "<a style=\"position:fixed;left:0;top:0;width:90px;height:90px\" href=\"" + target +
+           "\">away</a>";
+}
+void ClickCorner(QWebEngineView* view) {
+    QTest::mouseClick(view->focusProxy(), Qt::LeftButton, {}, QPoint(30, 30));
+}
+
+TEST(TopicUrl, KeepsEveryName) {
+    for (const char* path : {"Z:\\a b\\c%20d.htm", "Z:\\x#y?z;.htm", "Z:\\\xC3\xBC&=+'\".htm"}) {
+        EXPECT_EQ(PathOfUrl(UrlOfTopic(path, 1)), path);
+    }
+    EXPECT_EQ(PathOfUrl(QUrl("file:///etc/passwd")), "");
+    EXPECT_EQ(UrlOfTopic("Z:\\a\\b.htm", 1).resolved(QUrl("../p.png")).path(), "/Z:/p.png");
+}
+
+TEST_F(Surface, AMissingFileRaises) {
+    WebSurface surface(files);
+    EXPECT_THROW(surface.LoadDocument(folder.Windows("none.htm")), RuntimeError);
+}
+
+TEST_F(Surface, TextsKeepTheirEncodingAndPicturesAreFoundWhateverTheirCase) {
+    folder.Write("Topic.HTM",
+                 "<html><head><meta charset=\"shift_jis\"></head>"
+                 "<body>\x93\xfa\x96\x7b<img src=\"sub/DOT.svg\"></body></html>");
+    folder.Write("Sub/dot.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\"/>");
+    RecordingFiles recording;
+    WebSurface surface(recording);
+    surface.LoadDocument(folder.Windows("topic.htm"));
+    EXPECT_TRUE(surface.Busy());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !surface.Busy(); }, 20000));
+    EXPECT_EQ(surface.DocumentHTML().find("\u65e5\u672c"), surface.DocumentHTML().find("<img") - 6);
+    QString text;
+    surface.View()->page()->toPlainText([&](const QString& result) { text = result; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text == "\u65e5\u672c"; }, 20000));
+    EXPECT_EQ(recording.read.count(folder.Windows("sub/DOT.svg")), 1U);
+}
+
+TEST_F(Surface, ALinkToATopicOpensItInTheProgram) {
+    WriteProject();
+    folder.Write("demo & more/html/first.htm",
+                 "<html><body>first body" + CornerLink("second.htm") + "</body></html>");
+    OpenFirst();
+    ASSERT_TRUE(TopicShows("first body"));
+    ClickCorner(run->surface.View());
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            return Main().editor.main_path.ends_with("second.htm") && !Main().DHTMLEdit1.Busy();
+        },
+        10000));
+    EXPECT_TRUE(TopicShows("second body"));
+    EXPECT_EQ(Main().topics.ListTopics.SelectedItem()->Text(), "Apple");
+}
+
+TEST_F(Surface, AHostileTopicRunsNothingAndReachesNothing) {
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    const std::string remote = "http://127.0.0.1:" + std::to_string(server.serverPort()) + "/";
+    WriteProject();
+    const std::string page = ReplaceAll(
+        R"(<html><head><title>Bad</title>
+<meta http-equiv="refresh" content="0;url=second.htm">
+<link rel="preconnect" href="REMOTE"><link rel="prefetch" href="REMOTE">
+<link rel="stylesheet" href="REMOTEa.css">
+<style>@import "REMOTEb.css"; body { background: url(REMOTEc.png) }</style>
+</head><body onload="document.body.textContent='ran'"><p id="p">still here</p>
+<script>document.getElementById('p').textContent = 'ran'</script>
+<img src="REMOTEd.png" onerror="document.title='ran'">
+<iframe src="REMOTEe.htm"></iframe><iframe src="javascript:1"></iframe>
+<object data="REMOTEf"></object><embed src="REMOTEg"><video src="REMOTEh" autoplay></video>
+)" + CornerLink("REMOTEi") +
+            "</body></html>",
+        "REMOTE", remote);
+    folder.Write("demo & more/html/first.htm", page);
+    OpenFirst();
+    ASSERT_TRUE(TopicShows("still here"));
+    QWebEngineView* view = run->surface.View();
+    QSet<QString> refused;
+    QObject::connect(static_cast<TopicPage*>(view->page()), &TopicPage::Refused, view,
+                     [&](const QUrl& url) { refused.insert(url.fileName()); });
+    ClickCorner(view);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return refused.contains("i"); }, 20000));
+    EXPECT_TRUE(TopicShows("still here"));
+    EXPECT_EQ(view->title(), "Bad");
+    EXPECT_TRUE(Main().editor.main_path.ends_with("first.htm"));
+    EXPECT_FALSE(server.hasPendingConnections());
+}
+
+}  // namespace
+}  // namespace quorrel::test
