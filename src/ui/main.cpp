@@ -1,6 +1,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QLoggingCategory>
 #include <QTimer>
 
 #include <string>
@@ -28,6 +29,10 @@ std::string CommandLine(int argc, char** argv) {
 void PrepareWebEngine() {
     // The engine refuses to start its sandbox for the super-user.
     if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    // It tells of its graphics at each start, which is of no use to an author.
+    if (!qEnvironmentVariableIsSet("QT_LOGGING_RULES")) {
+        QLoggingCategory::setFilterRules("qt.webenginecontext*=false");
+    }
     quorrel::RegisterTopicScheme();
     QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
 }

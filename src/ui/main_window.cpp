@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
+#include <QOpenGLWidget>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStatusBar>
@@ -28,6 +29,16 @@ namespace {
 constexpr int kLeftWidth = 300;
 constexpr const char* kSplitter = "MainForm/left";
 
+/// A window without OpenGL is made anew by Qt when its first web view joins it: it would jump to
+/// another place on the screen and lose the focus. A child that wants OpenGL, though never shown,
+/// gives it the right kind of surface from the start.
+void PrepareForWebView(QWidget* window) {
+    if (QGuiApplication::platformName() == "offscreen") return;
+    auto* child = new QOpenGLWidget(window);
+    child->setFixedSize(0, 0);
+    child->hide();
+}
+
 }  // namespace
 
 MainWindow::MainWindow(MainForm& main, WebSurface& surface)
@@ -43,6 +54,7 @@ MainWindow::MainWindow(MainForm& main, WebSurface& surface)
     setObjectName("MainForm");
     setWindowIcon(QIcon(":/quorrel/icons/quorrel.svg"));
     main_.window.window.Visible = false;
+    PrepareForWebView(this);
     ChooseIconTheme(palette());
     menu_ = MakeMainMenu(main_, this);
     MakeToolBar();
