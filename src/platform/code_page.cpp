@@ -27,7 +27,9 @@ class Converter {
     ~Converter() {
         if (Valid()) iconv_close(handle_);
     }
-    [[nodiscard]] bool Valid() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+    [[nodiscard]] bool Valid() const {
+        return handle_ != reinterpret_cast<iconv_t>(-1);  // NOLINT: the library's own mark
+    }
 
     /// The whole of `bytes` converted, or an empty string.
     [[nodiscard]] std::string Convert(std::string_view bytes) const {

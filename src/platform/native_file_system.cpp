@@ -167,11 +167,17 @@ static std::string WithoutParentSteps(std::string native) {
     return native.empty() ? "/" : native;
 }
 
+/// A NUL would end the name for the system, and another file would be meant. The length is the
+/// limit that paths have on Windows.
+static bool IsNoPath(std::string_view path) {
+    constexpr std::size_t kLongest = 32767;
+    return path.size() > kLongest || Contains(path, std::string_view("\0", 1));
+}
+
 std::string NativeFileSystem::Resolve(std::string_view path) {
-    // A NUL would end the name for the system and another file would be meant.
-    if (Contains(path, std::string_view("\0", 1))) throw RuntimeError(kFileNotFound);
+    if (IsNoPath(path)) throw RuntimeError(kFileNotFound);
     if (path.empty()) return {};
-    const std::string native = WithoutParentSteps(NameOfText(NativePath(path)));
+    std::string native = WithoutParentSteps(NameOfText(NativePath(path)));
     if (StatOf(native)) return native;
     std::string resolved = native.starts_with('/') ? "/" : "";
     std::size_t from = 0;
@@ -181,15 +187,16 @@ std::string NativeFileSystem::Resolve(std::string_view path) {
         from = end + 1;
         if (name.empty()) continue;
         const std::string folder = resolved.empty() ? "." : resolved;
-        const std::string candidate =
-            resolved.empty() || resolved.ends_with('/') ? resolved + name : resolved + "/" + name;
-        if (StatOf(candidate)) {
-            resolved = candidate;
+        if (!resolved.empty() && !resolved.ends_with('/')) resolved += '/';
+        if (StatOf(resolved + name)) {
+            resolved += name;
             continue;
         }
         const std::string spelling = Spelling(folder, name);
-        resolved = candidate.substr(0, candidate.size() - name.size()) +
-                   (spelling.empty() ? name : spelling);
+        resolved += spelling.empty() ? name : spelling;
+        // Below what does not exist there is nothing to look for.
+        if (spelling.empty())
+            return end == native.size() ? resolved : resolved + native.substr(end);
     }
     return resolved;
 }
@@ -242,13 +249,13 @@ void NativeFileSystem::WriteFile(std::string_view path, std::string_view bytes) 
 }
 
 bool NativeFileSystem::FileExists(std::string_view path) {
-    if (Contains(path, std::string_view("\0", 1))) return false;
+    if (IsNoPath(path)) return false;
     const auto status = StatOf(Resolve(path));
     return status && !S_ISDIR(status->st_mode);
 }
 
 bool NativeFileSystem::FolderExists(std::string_view path) {
-    if (Contains(path, std::string_view("\0", 1))) return false;
+    if (IsNoPath(path)) return false;
     return IsFolder(Resolve(path));
 }
 

@@ -23,8 +23,7 @@ void OpenTopic(MainForm& main, std::string_view location) {
 
 void OpenTopicRow(MainForm& main, const ListRow& row) {
     // A copy: loading may change the table.
-    const std::string path = row.SubItems(topic_cell::kFullPath);
-    OpenTopic(main, path);
+    OpenTopic(main, std::string(row.SubItems(topic_cell::kFullPath)));
 }
 
 void SortTopics(MainForm& main, int column) {

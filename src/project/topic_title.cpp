@@ -9,7 +9,7 @@
 namespace quorrel {
 namespace {
 
-constexpr std::size_t kHeadSize = 16 * 1024;
+constexpr std::size_t kHeadSize = std::size_t{16} << 10;
 
 /// What could be cut in two by the end of the head is left out.
 std::string_view WholeLines(std::string_view head) {
@@ -58,7 +58,7 @@ std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view pa
                           head_encoding.form == TextEncoding::Form::kUtf16BigEndian;
         if (is_head && !wide) {
             // ASCII is ASCII in all the other encodings, so an ASCII title needs no more.
-            const auto title = ScanTopicTitle(WholeLines(bytes), path, pieces);
+            auto title = ScanTopicTitle(WholeLines(bytes), path, pieces);
             if (title && IsAscii(*title)) return title;
         }
         if (is_head) bytes = files.ReadFile(path);

@@ -258,5 +258,14 @@ TEST_F(NativeFiles, ParentStepsAreTakenByTheText) {
     EXPECT_TRUE(files.FolderExists("missing\\..\\..\\."));
 }
 
+TEST_F(NativeFiles, PathsWithoutEndAreNoFiles) {
+    std::string way = folder.Windows();
+    for (int i = 0; i < 2'000'000; ++i) way += "\\a\\..";
+    EXPECT_FALSE(files.FileExists(way));
+    EXPECT_FALSE(files.FolderExists(way));
+    EXPECT_THROW((void)files.ReadFile(way), RuntimeError);
+    EXPECT_FALSE(files.MoveFile(way, way));
+}
+
 }  // namespace
 }  // namespace quorrel
