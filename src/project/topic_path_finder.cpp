@@ -9,17 +9,13 @@
 namespace quorrel {
 
 TopicPathFinder::TopicPathFinder(ListView& ListTopics) : topics_(ListTopics) {
-    const int count = topics_.Count();
-    upper_.reserve(static_cast<std::size_t>(count));
-    whole_.reserve(static_cast<std::size_t>(count));
-    for (int row = 1; row <= count; ++row) {
-        upper_.push_back(UpperUnicode(topics_.At(row).SubItems(topic_cell::kFullPath)));
-        const std::string_view path = upper_.back();
+    CopyPaths();
+    HashPaths();
+    for (int row = 1; row <= topics_.Count(); ++row) {
+        const std::string_view path = PathOf(row);
         const std::size_t backslash = path.find('\\');
         if (backslash != npos && path.find(':', backslash) != npos) has_inner_colon_ = true;
-    }
-    for (int row = 1; row <= count; ++row) {
-        whole_.push_back({upper_[static_cast<std::size_t>(row - 1)], row});
+        whole_.push_back({path, row});
     }
     Sort(whole_);
     for (std::size_t i = 1; i < whole_.size(); ++i) {
@@ -30,6 +26,43 @@ TopicPathFinder::TopicPathFinder(ListView& ListTopics) : topics_(ListTopics) {
     }
 }
 
+void TopicPathFinder::CopyPaths() {
+    ends_.push_back(0);
+    for (int row = 1; row <= topics_.Count(); ++row) {
+        paths_ += UpperUnicode(topics_.At(row).SubItems(topic_cell::kFullPath));
+        ends_.push_back(paths_.size());
+    }
+}
+
+std::string_view TopicPathFinder::PathOf(int row) const {
+    const auto i = static_cast<std::size_t>(row);
+    return std::string_view(paths_).substr(ends_[i - 1], ends_[i] - ends_[i - 1]);
+}
+
+void TopicPathFinder::HashPaths() {
+    std::size_t slots = 16;
+    while (slots < ends_.size() * 2) slots *= 2;
+    slots_.resize(slots);
+    for (int row = 1; row <= topics_.Count(); ++row) {
+        const std::string_view path = PathOf(row);
+        const std::uint64_t hash = HashIgnoringCase(path);
+        Slot& slot = slots_[Place(path, hash)];
+        // Of rows with one path the first stays.
+        if (slot.row == 0) slot = {hash, path.data(), static_cast<std::uint32_t>(path.size()), row};
+    }
+}
+
+std::size_t TopicPathFinder::Place(std::string_view upper, std::uint64_t hash) const {
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t place = hash & mask;
+    while (slots_[place].row != 0) {
+        const Slot& slot = slots_[place];
+        if (slot.hash == hash && std::string_view(slot.path, slot.size) == upper) break;
+        place = (place + 1) & mask;
+    }
+    return place;
+}
+
 void TopicPathFinder::Sort(std::vector<Suffix>& suffixes) {
     std::sort(suffixes.begin(), suffixes.end(),
               [](const Suffix& a, const Suffix& b) { return a.text < b.text; });
@@ -38,7 +71,7 @@ void TopicPathFinder::Sort(std::vector<Suffix>& suffixes) {
 void TopicPathFinder::MakeInnerSuffixes() {
     inner_made_ = true;
     for (int row = 1; row <= topics_.Count(); ++row) {
-        const std::string_view path = upper_[static_cast<std::size_t>(row - 1)];
+        const std::string_view path = PathOf(row);
         for (std::size_t at = path.find('\\'); at != npos; at = path.find('\\', at + 1)) {
             inner_.push_back({path.substr(at + 1), row});
         }
@@ -54,7 +87,7 @@ int TopicPathFinder::Lowest(const std::vector<Suffix>& suffixes, std::string_vie
     for (; suffix != suffixes.end() && suffix->text.starts_with(upper); ++suffix) {
         if (lowest != 0 && suffix->row >= lowest) continue;
         if (inner) {
-            const std::string_view path = upper_[static_cast<std::size_t>(suffix->row - 1)];
+            const std::string_view path = PathOf(suffix->row);
             if (path.find(upper) != path.size() - suffix->text.size()) continue;
         }
         lowest = suffix->row;
@@ -72,14 +105,15 @@ int TopicPathFinder::FindSlowly(const std::string& upper) {
 }
 
 ListRow* TopicPathFinder::Find(std::string_view path) {
+    const std::string upper = UpperUnicode(path);
     // The usual case: a whole path, which no other one goes on from or has within.
-    if (!has_extensions_ && !has_inner_colon_ && Contains(path, ":")) {
-        ListRow* row = topics_.FirstWith(topic_cell::kFullPath, path);
-        if (row != nullptr) return row;
+    if (!has_extensions_ && !has_inner_colon_ && Contains(upper, ":")) {
+        const int row = slots_[Place(upper, HashIgnoringCase(upper))].row;
+        if (row != 0) return &topics_.At(row);
     }
     // Each path is sought once. A path that many rows begin with has few others beside it that
     // they begin with too, so the whole work stays in step with the text of the table.
-    const auto [known, is_new] = found_.try_emplace(UpperUnicode(path), 0);
+    const auto [known, is_new] = found_.try_emplace(upper, 0);
     if (is_new) known->second = FindSlowly(known->first);
     return known->second == 0 ? nullptr : &topics_.At(known->second);
 }

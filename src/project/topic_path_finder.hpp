@@ -1,11 +1,11 @@
 // The topic that a path of the keyword index means.
 #pragma once
 
-#include <optional>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 #include "platform/controls/list_view.hpp"
@@ -30,6 +30,19 @@ class TopicPathFinder {
         std::string_view text;
         int row = 0;
     };
+    /// A place in the table of whole paths; row 0 is a free one.
+    struct Slot {
+        std::uint64_t hash = 0;
+        const char* path = nullptr;
+        std::uint32_t size = 0;
+        int row = 0;
+    };
+
+    void CopyPaths();
+    void HashPaths();
+    [[nodiscard]] std::string_view PathOf(int row) const;
+    /// The slot of a path, or the free one where it would go.
+    [[nodiscard]] std::size_t Place(std::string_view upper, std::uint64_t hash) const;
     /// Sorts `suffixes` by their text.
     static void Sort(std::vector<Suffix>& suffixes);
     [[nodiscard]] int FindSlowly(const std::string& upper);
@@ -40,7 +53,11 @@ class TopicPathFinder {
                              bool inner) const;
 
     ListView& topics_;
-    std::vector<std::string> upper_;  // full paths, by row - 1
+    // The full paths, upper-cased, in one piece: in a large project the rows themselves are too
+    // far apart for a hundred thousand look-ups in no order.
+    std::string paths_;
+    std::vector<std::size_t> ends_;  // of each path in paths_, by row; at 0 the beginning
+    std::vector<Slot> slots_;        // a power of two of them
     std::vector<Suffix> whole_;
     std::vector<Suffix> inner_;  // from behind each backslash, made when they can matter
     bool inner_made_ = false;

@@ -1,6 +1,7 @@
 #include "platform/controls/list_view.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <new>
@@ -80,19 +81,28 @@ bool ListView::Before(const ListRow& a, const ListRow& b) const {
     return a.number_ < b.number_;
 }
 
-/// The first eight bytes of the upper-cased text, for a comparison that looks at no row.
-static std::uint64_t FirstBytes(std::string_view text) {
-    const std::string upper = UpperUnicode(text.substr(0, OffsetOfCharacter(text, 8)));
-    std::uint64_t bytes = 0;
-    for (std::size_t i = 0; i < 8; ++i) {
-        bytes = bytes << 8 | (i < upper.size() ? static_cast<unsigned char>(upper[i]) : 0U);
+namespace {
+
+/// The beginning of an upper-cased text as numbers, for comparisons that look at no row: rows lie
+/// far apart in the memory of a large project.
+using SortPrefix = std::array<std::uint64_t, 3>;
+
+SortPrefix PrefixOf(std::string_view text) {
+    constexpr std::size_t kBytes = sizeof(SortPrefix);
+    const std::string upper = UpperUnicode(FirstCharacters(text, kBytes));
+    SortPrefix prefix{};
+    for (std::size_t i = 0; i < kBytes && i < upper.size(); ++i) {
+        const std::uint64_t byte = static_cast<unsigned char>(upper[i]);
+        prefix[i / 8] |= byte << (56 - i % 8 * 8);
     }
-    return bytes;
+    return prefix;
 }
+
+}  // namespace
 
 void ListView::SortWaitingRows() const {
     struct Entry {
-        std::uint64_t first_bytes;
+        SortPrefix prefix;
         ListRow* row;
     };
     std::vector<Entry> entries;
@@ -100,11 +110,10 @@ void ListView::SortWaitingRows() const {
     for (std::size_t i = placed_; i < rows_.size(); ++i) {
         ListRow* row = rows_[i].release();
         entries.push_back(
-            {sort_column_ == kUnsorted ? 0 : FirstBytes(row->Cell(sort_column_)), row});
+            {sort_column_ == kUnsorted ? SortPrefix{} : PrefixOf(row->Cell(sort_column_)), row});
     }
     std::sort(entries.begin(), entries.end(), [this](const Entry& a, const Entry& b) {
-        return a.first_bytes != b.first_bytes ? a.first_bytes < b.first_bytes
-                                              : Before(*a.row, *b.row);
+        return a.prefix != b.prefix ? a.prefix < b.prefix : Before(*a.row, *b.row);
     });
     for (std::size_t i = 0; i < entries.size(); ++i) rows_[placed_ + i].reset(entries[i].row);
 }
