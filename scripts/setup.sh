@@ -48,10 +48,10 @@ build() {
         (cd "$root" && cmake --preset "$preset") >"$log" 2>&1 ||
             { cat "$log" >&2; die "the configuration failed"; }
     fi
-    if ! ninja -C "$root/out/$preset" -n "$@" | grep -q 'no work to do'; then
-        echo "quorrel: building ($preset)" >&2
-    fi
-    ninja -C "$root/out/$preset" "$@" >"$log" 2>&1 ||
+    (set -o pipefail
+     ninja -C "$root/out/$preset" "$@" 2>&1 | tee "$log" |
+        awk -v preset="$preset" '!told && /^\[[0-9]+\/[0-9]+\] [BLA]/ {
+            print "quorrel: building (" preset ")" > "/dev/stderr"; told = 1 }') ||
         { grep -vE '^\[[0-9]+/[0-9]+\]' "$log" >&2; die "the build failed"; }
     rm -f "$log"
 }
