@@ -18,6 +18,8 @@ void verify_map_ids(ListView& ListTopics, std::string_view Alias_Prefix) {
         const std::string_view file = AfterLast(row.SubItems(topic_cell::kFullPath), '\\');
         std::string candidate(TrimRight(Alias_Prefix));
         candidate += ToIdentifier(BeforeLast(file, '.', file));
+        // An empty name is that of the first row still without an identifier: this one.
+        if (candidate.empty()) candidate = std::to_string(i);
         std::string& last = last_of_name[candidate];
         if (!last.empty()) candidate = last;
         while (const ListRow* taken = ListTopics.FirstWith(topic_cell::kMapId, candidate)) {

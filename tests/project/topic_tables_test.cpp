@@ -56,6 +56,18 @@ TEST(VerifyMapIds, AvoidsIdentifiersThatOtherRowsHave) {
     EXPECT_EQ(tables.ListTopics.At(1).SubItems(1), "a23");
 }
 
+TEST(VerifyMapIds, ATopicWithoutANameGetsItsOwnNumber) {
+    TopicTables tables;
+    AddTopic(tables.ListTopics, "1", "C:\\p\\.a");
+    AddTopic(tables.ListTopics, "2", "C:\\p\\.b");
+    AddTopic(tables.ListTopics, "3", "C:\\p\\c.htm", "4");
+    AddTopic(tables.ListTopics, "4", "C:\\p\\.d");
+    verify_map_ids(tables.ListTopics, "");
+    EXPECT_EQ(tables.ListTopics.At(1).SubItems(1), "1");
+    EXPECT_EQ(tables.ListTopics.At(2).SubItems(1), "2");
+    EXPECT_EQ(tables.ListTopics.At(4).SubItems(1), "43");
+}
+
 TEST(VerifyMapIds, ManyTopicsOfOneNameCostNoMoreThanTheirIdentifiers) {
     TopicTables tables;
     for (int i = 0; i < 3000; ++i)
