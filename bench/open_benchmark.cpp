@@ -18,7 +18,7 @@
 #include "formats/htmlhelp/map_files.hpp"
 #include "platform/native_file_system.hpp"
 #include "platform/plain_surface.hpp"
-#include "platform/silent_screen.hpp"
+#include "platform/silent_services.hpp"
 #include "platform/text.hpp"
 #include "project/open_project.hpp"
 #include "project/tag_value.hpp"
@@ -111,7 +111,11 @@ void OpenWholeProject(benchmark::State& state) {
         NativeFileSystem files;
         SilentScreen screen;
         PlainSurface surface(files);
-        MainForm main(files, screen, surface, files.WindowsPath(settings), MachineCodePage{});
+        PlainSource source;
+        SilentBrowser browser;
+        SilentShell shell;
+        MainForm main({files, screen, surface, source, browser, shell},
+                      files.WindowsPath(settings), MachineCodePage{});
         LoadSettings(main, "html");
         main.project.recent_proj = files.WindowsPath(project.string());
         OpenProject_Click(main);

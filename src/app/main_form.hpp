@@ -18,14 +18,26 @@
 
 namespace quorrel {
 
+/// What the program runs on. All of it outlives the form.
+struct Services {
+    FileSystem& files;
+    Screen& screen;
+    EditSurface& surface;
+    SourceEdit& source;
+    WebBrowser& browser;
+    Shell& shell;
+};
+
 struct MainForm {
-    /// The services outlive the form. `settings_folder` is a Windows path without a backslash at
-    /// its end.
-    MainForm(FileSystem& files_, Screen& screen_, EditSurface& surface,
-             const std::string& settings_folder, MachineCodePage code_page = CodePageOfMachine())
-        : files(files_),
-          screen(screen_),
-          DHTMLEdit1(surface),
+    /// `settings_folder` is a Windows path without a backslash at its end.
+    MainForm(const Services& services, const std::string& settings_folder,
+             MachineCodePage code_page = CodePageOfMachine())
+        : files(services.files),
+          screen(services.screen),
+          DHTMLEdit1(services.surface),
+          Source1(services.source),
+          WebBrowser1(services.browser),
+          shell(services.shell),
           log([this](std::string_view line) {
               try {
                   files.WriteFile("QRJavaHelp.log", std::string(line) + "\r\n");
@@ -33,14 +45,17 @@ struct MainForm {
                   // A log that cannot be written is no reason to stop.
               }
           }),
-          texts(files_, code_page),
-          machine_texts(files_, code_page),
+          texts(files, code_page),
+          machine_texts(files, code_page),
           profiles(texts, settings_folder),
           machine_profiles(machine_texts, settings_folder) {}
 
     FileSystem& files;
     Screen& screen;
     EditSurface& DHTMLEdit1;
+    SourceEdit& Source1;
+    WebBrowser& WebBrowser1;
+    Shell& shell;
     ErrorLog log;
     TextFiles texts;          // of the open project, in its encodings
     TextFiles machine_texts;  // of the machine, whatever project is open

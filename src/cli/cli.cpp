@@ -12,7 +12,7 @@
 #include "cli/routines.hpp"
 #include "platform/native_file_system.hpp"
 #include "platform/plain_surface.hpp"
-#include "platform/silent_screen.hpp"
+#include "platform/silent_services.hpp"
 #include "project/open_project.hpp"
 
 namespace quorrel {
@@ -38,7 +38,12 @@ int Dump(bool javahelp, const std::string& native_path, std::ostream& out, std::
     }
     SilentScreen screen;
     PlainSurface surface(files);
-    MainForm main(files, screen, surface, files.WindowsPath(NativeSettingsFolder()));
+    PlainSource source;
+    SilentBrowser browser;
+    SilentShell shell;
+    MainForm main({files, screen, surface, source, browser, shell},
+                  files.WindowsPath(NativeSettingsFolder()));
+    surface.code_page = [&] { return main.texts.CodePageNumber(); };
     main.log.listener = [&](std::string_view line) { err << line << '\n'; };
     LoadSettings(main, javahelp ? "" : "html");
     main.project.recent_proj = path;

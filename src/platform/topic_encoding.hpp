@@ -1,6 +1,7 @@
 // The encoding of a topic file, which keeps its own.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/encoding.hpp"
@@ -10,5 +11,20 @@ namespace quorrel {
 /// A byte-order mark, else the charset that the head declares, else UTF-8 where all of `bytes`
 /// is valid as that beyond ASCII, else `code_page`.
 [[nodiscard]] TextEncoding TopicEncoding(std::string_view bytes, int code_page);
+
+/// A topic as the editing surfaces take it.
+struct TopicText {
+    std::string text;  // UTF-8, without a byte-order mark
+    TextEncoding encoding;
+};
+
+/// Decodes a topic file. Raises a surface_error for a frameset and for a page that is mostly
+/// server-side script.
+[[nodiscard]] TopicText ReadTopicText(std::string_view bytes, int code_page);
+
+/// The bytes of a topic file. A character that the encoding lacks becomes a decimal reference. If
+/// the text declares another charset than `encoding`, as after an edit of the declaration, it is
+/// written in that one.
+[[nodiscard]] std::string TopicBytes(std::string_view text, const TextEncoding& encoding);
 
 }  // namespace quorrel

@@ -9,6 +9,7 @@
 #include "app/main_form.hpp"
 #include "app/startup.hpp"
 #include "platform/native_file_system.hpp"
+#include "platform/silent_services.hpp"
 #include "ui/appearance.hpp"
 #include "ui/main_window.hpp"
 #include "ui/qt_screen.hpp"
@@ -54,7 +55,11 @@ int main(int argc, char** argv) {
     NativeFileSystem files;
     QtScreen screen(files);
     WebSurface surface(files);
-    MainForm main_form(files, screen, surface, files.WindowsPath(NativeSettingsFolder()));
+    PlainSource source;
+    SilentBrowser browser;
+    SilentShell shell;
+    MainForm main_form({files, screen, surface, source, browser, shell},
+                       files.WindowsPath(NativeSettingsFolder()));
     MainWindow window(main_form, surface);
     QObject::connect(&window, &MainWindow::Closed, &app, &QCoreApplication::quit,
                      Qt::QueuedConnection);

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "platform/file_system.hpp"
+#include "platform/failure.hpp"
 #include "platform/surfaces.hpp"
 
 class QLabel;
@@ -39,7 +40,24 @@ class WebSurface : public QObject, public EditSurface {
     std::string BaseURL() const override { return base_url_; }
     void SetBaseURL(std::string_view url) override { base_url_ = url; }
     std::string CurrentDocumentPath() const override { return path_; }
+    TextEncoding Encoding() const override { return encoding_; }
+    void DocumentSaved(std::string_view path) override { path_ = path; }
     bool IsDirty() const override { return false; }
+    Document& DOM() override { throw RuntimeError(445, "not available"); }
+    using EditSurface::ExecCommand;
+    CommandValue ExecCommand(int, CommandOption, const CommandValue&) override {
+        throw RuntimeError(445, "not available");
+    }
+    int QueryStatus(int) override { return 0; }
+    void Print() override {}
+    void SetFocus() override {}
+    void SetBrowseMode(bool) override {}
+    void SetShowBorders(bool) override {}
+    bool ShowBorders() const override { return false; }
+    void SetShowDetails(bool) override {}
+    bool ShowDetails() const override { return false; }
+    void SetSnapToGrid(bool) override {}
+    bool SnapToGrid() const override { return false; }
     bool Busy() const override;
     void SetSourceCodePreservation(bool on) override { preserve_ = on; }
     bool SourceCodePreservation() const override { return preserve_; }
@@ -72,6 +90,7 @@ class WebSurface : public QObject, public EditSurface {
     QPointer<TopicPage> page_;
 
     std::string bytes_;
+    TextEncoding encoding_;
     std::string path_;
     std::string base_url_;
     QUrl url_;

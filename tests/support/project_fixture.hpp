@@ -9,6 +9,7 @@
 #include "app/main_form.hpp"
 #include "platform/native_file_system.hpp"
 #include "platform/plain_surface.hpp"
+#include "platform/silent_services.hpp"
 #include "support/scratch_folder.hpp"
 #include "support/scripted_screen.hpp"
 
@@ -17,6 +18,7 @@ namespace quorrel::test {
 class ProjectFixture : public testing::Test {
   protected:
     ProjectFixture() {
+        surface.code_page = [this] { return main.texts.CodePageNumber(); };
         main.log.listener = [this](std::string_view line) { log_lines.emplace_back(line); };
     }
 
@@ -27,7 +29,12 @@ class ProjectFixture : public testing::Test {
     NativeFileSystem files;
     PlainSurface surface{files};
     ScriptedScreen screen;
-    MainForm main{files, screen, surface, folder.Windows("settings"), MachineCodePage{}};
+    PlainSource source;
+    SilentBrowser browser;
+    SilentShell shell;
+    MainForm main{{files, screen, surface, source, browser, shell},
+                  folder.Windows("settings"),
+                  MachineCodePage{}};
     std::vector<std::string> log_lines;
 };
 

@@ -32,7 +32,8 @@ std::string Topic(const std::string& title, const std::string& body) {
 WindowFixture::Run::Run(NativeFileSystem& files)
     : screen(files),
       surface(files),
-      main(files, screen, surface, files.WindowsPath(NativeSettingsFolder()), MachineCodePage{}),
+      main({files, screen, surface, source, browser, shell},
+           files.WindowsPath(NativeSettingsFolder()), MachineCodePage{}),
       window(main, surface) {}
 
 WindowFixture::WindowFixture() {

@@ -11,6 +11,7 @@
 
 #include "app/main_form.hpp"
 #include "platform/native_file_system.hpp"
+#include "platform/silent_services.hpp"
 #include "support/scratch_folder.hpp"
 #include "ui/main_window.hpp"
 #include "ui/modal_script.hpp"
@@ -29,6 +30,9 @@ class WindowFixture : public testing::Test {
         explicit Run(NativeFileSystem& files);
         QtScreen screen;
         WebSurface surface;
+        PlainSource source;
+        SilentBrowser browser;
+        SilentShell shell;
         MainForm main;
         MainWindow window;
     };
