@@ -6,8 +6,12 @@
 #include "app/main_form.hpp"
 #include "app/recent_projects.hpp"
 #include "app/settings_file.hpp"
+#include "app/views.hpp"
+#include "editor/load_file.hpp"
+#include "editor/save_html.hpp"
 #include "platform/text.hpp"
 #include "project/open_project.hpp"
+#include "project/save_project.hpp"
 
 namespace quorrel {
 namespace {
@@ -164,6 +168,7 @@ void LoadSettings(MainForm& main, std::string_view command_line) {
     BuildRecentMenu(main);
     FillFixedLists(main);
     main.window.TabStrip2.SelectedIndex = right_tab::kNormal;
+    ConnectEvents(main);
     main.window.TabStrip1.SelectedIndex = left_tab::kContents;
 }
 
@@ -180,9 +185,8 @@ void Form_Load(MainForm& main, std::string_view command_line) {
 }
 
 bool Form_QueryUnload(MainForm& main) {
-    // Nothing can be edited yet, so there is nothing to ask.
-    (void)main;
-    return true;
+    if (IsTemplateOpen(main)) SaveHTML(main, main.DHTMLEdit1.CurrentDocumentPath());
+    return PromptSaveChanges(main) != save_prompt::kCancelled;
 }
 
 void Form_Unload(MainForm& main) {

@@ -24,6 +24,11 @@ inline constexpr int kIndex = 3;
 namespace right_tab {
 inline constexpr int kNormal = 1;
 inline constexpr int kProperties = 2;
+inline constexpr int kSource = 3;
+inline constexpr int kPreview = 4;
+inline constexpr int kOrganizeTOC = 5;
+inline constexpr int kReport = 6;
+inline constexpr int kDocumentWizard = 7;
 }  // namespace right_tab
 
 struct WindowControls {
@@ -35,7 +40,9 @@ struct WindowControls {
     ComboBox FontCombo, FontSizeCombo, ComboStyle;
     ComboBox ComboStatus;
     TextBox TextNotes;
-    TextBox EditTitle;
+    TextBox EditTitle, EditAlias, EditInteger;
+    ComboBox ListKeys;  // the topic's keywords as the properties page shows them
+    Control CommandEdit, CommandDelete;
     Control CommandNote;
     Control Command3;
     Control LabelExtEditor;

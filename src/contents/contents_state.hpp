@@ -15,10 +15,19 @@ inline constexpr int kClosedBook = 2;
 inline constexpr int kPage = 3;
 }  // namespace node_image
 
+/// What a reader could not take of a file that another program has written. Such a file is kept
+/// beside the first one that replaces it.
+struct EntriesLeftBehind {
+    int count = 0;
+    int of = 0;        // entries in the file
+    std::string file;  // its full path
+};
+
 struct ContentsState {
     TreeView Tree1;
     bool toc_dirty = false;
     std::string site_properties_toc;  // the site-properties object as read
+    EntriesLeftBehind left_behind;
 };
 
 /// Cells of a ListKeywords row beside its text, the keyword as shown.
@@ -35,6 +44,7 @@ struct KeywordState {
     ListView ListKeywords{3, keyword_cell::IDX_FULLKEY};
     bool index_dirty = false;
     std::string site_properties_index;
+    EntriesLeftBehind left_behind;
 };
 
 }  // namespace quorrel

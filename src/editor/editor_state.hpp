@@ -1,9 +1,20 @@
 // The open document.
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <unordered_map>
+
+#include "platform/file_system.hpp"
+#include "platform/unicode.hpp"
 
 namespace quorrel {
+
+/// A topic's file as it was when it was loaded, to know whether another program has changed it.
+struct LoadedFile {
+    FileStamp stamp;
+    std::size_t hash = 0;  // of its bytes
+};
 
 struct EditorState {
     std::string main_path;      // the topic as the caller of LoadFile named it
@@ -13,6 +24,14 @@ struct EditorState {
     bool TopicPropDirty = false;
     // A boolean kept as text: the document is a topic template.
     std::string new_topic_template = "False";
+    std::string docbuf;
+    bool DoRestoreSelection = false;
+    bool SourceViewActive = false;    // Source1 holds the text; the surface is stale
+    bool BlockFormatsLoaded = false;  // FormatSub has the block formats of the surface
+
+    bool loading = false;  // LoadFile runs; an event in its waits must not begin another one
+    // The topics' files as loaded since the project was opened, by their full paths.
+    std::unordered_map<std::string, LoadedFile, IgnoringCaseHash, IgnoringCaseEqual> loaded;
 };
 
 }  // namespace quorrel

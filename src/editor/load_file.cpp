@@ -1,57 +1,263 @@
 #include "editor/load_file.hpp"
 
 #include "app/main_form.hpp"
+#include "editor/foreign_change.hpp"
+#include "editor/object_mask.hpp"
+#include "editor/save_html.hpp"
 #include "platform/text.hpp"
+#include "project/paths.hpp"
+#include "project/save_project.hpp"
 #include "project/side_files.hpp"
+#include "project/topic_properties.hpp"
+#include "project/working_copy.hpp"
 
 namespace quorrel {
 namespace {
 
-constexpr std::string_view kWorkingCopy = ".tmp.htm";
-
-/// The topic's path: `path` without the ending of a working copy.
-std::string TopicPath(std::string_view path) {
-    return std::string(path.substr(0, path.find(kWorkingCopy)));
+bool ShowsTab(const MainForm& main, int tab) {
+    return main.window.TabStrip2.SelectedIndex() == tab;
 }
 
-std::string FileToLoad(const MainForm& main) {
+bool HasUnsavedChanges(const MainForm& main) {
+    return main.DHTMLEdit1.IsDirty() || main.editor.ActiveDirty;
+}
+
+bool HaveSameBytes(MainForm& main, const std::string& a, const std::string& b) {
+    try {
+        return main.files.ReadFile(a) == main.files.ReadFile(b);
+    } catch (const RuntimeError&) {
+        return true;  // nothing that could be offered
+    }
+}
+
+/// A working copy that no flag tells of comes from a run that ended badly. The user may take it
+/// up; otherwise it is put aside, since editing the topic would overwrite it.
+void OfferForgottenCopy(MainForm& main, ListRow& row, const std::string& topic) {
+    const std::string copy = WorkingCopyOf(topic);
+    if (!main.files.FileExists(copy) || !main.files.FileExists(topic)) return;
+    if (HaveSameBytes(main, copy, topic)) return;
+    const Message question = {
+        main.files.NativePath(topic) +
+            " was edited and not saved when the program ended the last time.\r\n\r\nDo you want "
+            "to go on with the edited version?",
+        main.settings.APP_NAME, MessageButtons::kYesNo, MessageIcon::kExclamation};
+    if (main.screen.ShowMessage(question) == MessageAnswer::kYes) {
+        row.SetSubItem(topic_cell::kModified, "1");
+        return;
+    }
+    main.files.DeleteFile(copy + ".bak");
+    main.files.MoveFile(copy, copy + ".bak");
+}
+
+std::string FileToLoad(MainForm& main) {
     const std::string topic = TopicPath(main.editor.new_main_path);
-    const ListRow* row = main.topics.ListTopics.FirstWith(topic_cell::kFullPath, topic);
+    ListRow* row = main.topics.ListTopics.FirstWith(topic_cell::kFullPath, topic);
+    if (row != nullptr && row->SubItems(topic_cell::kModified) != "1") {
+        OfferForgottenCopy(main, *row, topic);
+    }
     const bool has_copy = row != nullptr && row->SubItems(topic_cell::kModified) == "1";
-    const std::string copy = topic + std::string(kWorkingCopy);
+    const std::string copy = WorkingCopyOf(topic);
     const std::string& wanted = has_copy ? copy : topic;
     if (main.files.FileExists(wanted)) return wanted;
     return has_copy ? topic : copy;
 }
 
-}  // namespace
-
-void SyncTopicSelection(MainForm& main) {
-    ListView& table = main.topics.ListTopics;
-    ListRow* row = table.FirstWith(topic_cell::kFullPath, TopicPath(main.editor.main_path));
-    main.topics.current_topic_index = row == nullptr ? 0 : table.PositionOf(*row);
-    if (row != nullptr) table.Select(row);
-    StatusBar& status = main.window.StatusBar1;
-    const ListRow* selected = table.SelectedItem();
-    status.SetPanel(
-        2, selected == nullptr ? std::string() : main.files.NativePath(main.editor.main_path));
-    status.SetPanel(1, selected == nullptr ? std::string() : selected->Text());
+void OpenInExternalEditor(MainForm& main) {
+    EditorState& editor = main.editor;
+    if (editor.TopicPropDirty) SaveTopicProperties(main);
+    const Trap trap(main.log, "MainForm LoadFile: ");
+    trap([&] {
+        main.shell.Start(main.settings.ext_editor + " \"" + editor.new_main_path + "\"",
+                         WindowStyle::kNormal);
+    });
+    if (!editor.main_path.empty()) SetStatusNotes(main);
+    editor.main_path = editor.new_main_path;
+    GetStatusNotes(main);
+    if (ShowsTab(main, right_tab::kProperties)) LoadTopicProperties(main);
 }
 
-void LoadFile(MainForm& main) {
+/// False where the user wants to stay with the template.
+bool LeaveTemplate(MainForm& main) {
+    switch (
+        main.screen.ShowMessage({"Do you want to save this topic template?", main.settings.APP_NAME,
+                                 MessageButtons::kYesNoCancel, MessageIcon::kExclamation})) {
+        case MessageAnswer::kYes:
+            if (!SaveHTML(main, main.DHTMLEdit1.CurrentDocumentPath())) return false;
+            break;
+        case MessageAnswer::kNo:
+            break;
+        default:
+            return false;
+    }
+    main.editor.new_topic_template = "False";
+    return true;
+}
+
+/// False where the topic's changes could not be put into its working copy.
+bool LeaveTopic(MainForm& main) {
+    if (main.editor.TopicPropDirty) SaveTopicProperties(main);
+    if (!main.editor.main_path.empty()) SetStatusNotes(main);
+    return !HasUnsavedChanges(main) || SetDirty(main);
+}
+
+/// The number that a surface gives for the failure: a missing file is none of those that are
+/// told to the user.
+std::int32_t LoadErrorNumber(const RuntimeError& error) {
+    switch (error.Number()) {
+        case run_time_error::kFileNotFound:
+            return static_cast<std::int32_t>(0x80070002);
+        case run_time_error::kPathNotFound:
+            return static_cast<std::int32_t>(0x80070003);
+        default:
+            return error.Number();
+    }
+}
+
+std::int32_t LoadDocument(MainForm& main, const std::string& path) {
+    try {
+        main.DHTMLEdit1.LoadDocument(path);
+        return 0;
+    } catch (const RuntimeError& error) {
+        main.DHTMLEdit1.NewDocument(error.what());
+        return LoadErrorNumber(error);
+    }
+}
+
+/// Masks the OBJECT tags of the document that has just been loaded. The surface gives its text as
+/// it stands in the file as long as nobody has edited it.
+void MaskLoadedDocument(MainForm& main) {
+    const std::string text = main.DHTMLEdit1.DocumentHTML();
+    if (!HasObjectTags(text)) return main.Source1.SetText(text);
+    main.Source1.SetText(MaskObjects(text));
+    ShowSource(main, text);
+}
+
+/// Only positive numbers come to a message: the refusals of a frameset or a server page, and
+/// missing files, are negative and leave the surface empty in silence.
+void TellLoadFailure(MainForm& main, std::int32_t number, const std::string& path) {
+    if (number <= 0) return;
+    std::string reason;
+    if (number == run_time_error::kInvalidArgument) {
+        reason = "Invalid argument";
+    } else if (number == run_time_error::kPermissionDenied) {
+        reason = "Access denied";
+    } else if (LoadDocument(main, path) == 0) {
+        WaitForSurface(main);
+        return;
+    }
+    main.screen.ShowMessage({"Error occurred while loading document: " + reason + ".",
+                             main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kCritical});
+}
+
+void CollapseSelection(MainForm& main) {
+    try {
+        const auto range = main.DHTMLEdit1.DOM().selection().createRange();
+        if (range == nullptr) return;
+        range->collapse(true);
+        range->Select();
+    } catch (const RuntimeError&) {
+        // A document that has no caret does not need one.
+    }
+}
+
+void ShowInBrowser(MainForm& main, const std::string& path) {
+    WindowControls& window = main.window;
+    main.WebBrowser1.Navigate(path);
+    window.Named("DHTMLEdit1").Visible = false;
+    window.Named("WebBrowser1").Visible = true;
+    window.Named("Source1").Visible = false;
+    if (main.editor.SourceViewActive) {
+        main.editor.docbuf = main.Source1.Text();
+        main.editor.DoRestoreSelection = true;
+        SetHTML(main);
+    }
+    main.editor.SourceViewActive = false;
+}
+
+void ShowByTab(MainForm& main) {
+    switch (main.window.TabStrip2.SelectedIndex()) {
+        case right_tab::kNormal:
+            return main.DHTMLEdit1.SetFocus();
+        case right_tab::kProperties:
+            return LoadTopicProperties(main);
+        case right_tab::kPreview:
+            return ShowInBrowser(main, main.editor.temp_path);
+        default:
+            return;
+    }
+}
+
+class Loading {
+  public:
+    explicit Loading(EditorState& editor) : editor_(editor) { editor_.loading = true; }
+    Loading(const Loading&) = delete;
+    Loading& operator=(const Loading&) = delete;
+    ~Loading() { editor_.loading = false; }
+
+  private:
+    EditorState& editor_;
+};
+
+/// What LoadFile does once it is sure to run alone.
+void LoadFileAlone(MainForm& main) {
     EditorState& editor = main.editor;
+    if (ShowsTab(main, right_tab::kReport)) NavigateToReport(main);
+    if (main.settings.use_ext_editor) return OpenInExternalEditor(main);
+    editor.BlockFormatsLoaded = false;
+    TakeBackSource(main);
+    const bool left =
+        IsTemplateOpen(main) && HasUnsavedChanges(main) ? LeaveTemplate(main) : LeaveTopic(main);
+    if (!left) {
+        editor.new_main_path = editor.main_path;
+        return SyncTopicSelection(main);
+    }
     editor.temp_path = FileToLoad(main);
     editor.main_path = editor.new_main_path;
     main.screen.SetPointer(Pointer::kHourglass);
-    try {
-        main.DHTMLEdit1.LoadDocument(editor.temp_path);
-        while (main.DHTMLEdit1.Busy()) main.screen.DoEvents();
-    } catch (const RuntimeError&) {
-        main.DHTMLEdit1.NewDocument();
-    }
+    // Before it is read: a change that comes between is found out later.
+    if (!IsWorkingCopy(editor.temp_path)) NoteTopicFile(main, editor.temp_path);
+    const std::int32_t failure = LoadDocument(main, editor.temp_path);
+    // Before the wait, so that the surface has to show one document only.
+    if (!main.settings.is_javahelp_edition) MaskLoadedDocument(main);
+    WaitForSurface(main);
+    if (ShowsTab(main, right_tab::kSource)) main.Source1.SetText(main.DHTMLEdit1.DocumentHTML());
     main.screen.SetPointer(Pointer::kNormal);
     SyncTopicSelection(main);
+    editor.ActiveDirty = true;
+    editor.TopicPropDirty = false;
+    TellLoadFailure(main, failure, editor.temp_path);
+    if (!main.DHTMLEdit1.Busy()) CollapseSelection(main);
     GetStatusNotes(main);
+    ShowByTab(main);
+}
+
+}  // namespace
+
+bool IsTemplateOpen(const MainForm& main) {
+    return main.editor.new_topic_template == "True";
+}
+
+void TakeBackSource(MainForm& main) {
+    if (!ShowsTab(main, right_tab::kSource) || !main.editor.ActiveDirty) return;
+    EditSurface& surface = main.DHTMLEdit1;
+    const std::string base = surface.BaseURL();
+    surface.SetDocumentHTML(main.Source1.Text());
+    surface.SetBaseURL(base);
+    WaitForSurface(main);
+    main.editor.ActiveDirty = true;
+}
+
+void NavigateToReport(MainForm& main) {
+    const std::string& proj = main.project.proj;
+    const std::string place = MakeRelPathRel(main.editor.new_main_path, proj);
+    main.WebBrowser1.Navigate(std::string(BeforeLast(proj, '\\', {})) + "\\report\\report.htm#" +
+                              place);
+}
+
+void LoadFile(MainForm& main) {
+    if (main.editor.loading) return;
+    const Loading loading(main.editor);
+    LoadFileAlone(main);
 }
 
 }  // namespace quorrel

@@ -103,8 +103,8 @@ class EditSurface {
     /// Tells the surface that its document is in the file now, as after SaveDocument.
     virtual void DocumentSaved(std::string_view path) = 0;
     /// An empty document without a path, in UTF-8. Its DocumentHTML is empty while nothing is
-    /// typed.
-    virtual void NewDocument() = 0;
+    /// typed. `why` tells the reader what is missing there.
+    virtual void NewDocument(std::string_view why) = 0;
 
     /// The whole document. While it is not edited this is the text as it was loaded or set, also
     /// while Busy; afterwards the source with the edited places replaced, or, with source

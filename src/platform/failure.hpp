@@ -51,10 +51,14 @@ class ErrorLog {
 
     /// `label` is the routine's own, with its colon and blank.
     void Write(std::string_view label, int number, std::string_view text);
+    /// The errors so far.
+    [[nodiscard]] int Count() const { return count_; }
+    [[nodiscard]] const std::string& LastLine() const { return last_line_; }
 
   private:
     std::function<void(std::string_view)> write_;
     std::string last_line_;
+    int count_ = 0;
 };
 
 /// Runs statements of one routine under its label.

@@ -2,11 +2,19 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace quorrel {
+
+/// What tells one state of a file from another without reading it.
+struct FileStamp {
+    std::uint64_t size = 0;     // bytes
+    std::int64_t modified = 0;  // nanoseconds; only for comparison
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
 
 /// Paths are Windows paths in UTF-8 with backslashes; a relative one is meant from the current
 /// folder. Names are found without regard to case.
@@ -31,6 +39,14 @@ class FileSystem {
     virtual bool CopyFile(std::string_view from, std::string_view to, bool may_replace) = 0;
     /// False where it fails, also where `to` exists.
     virtual bool MoveFile(std::string_view from, std::string_view to) = 0;
+    /// Puts `from` in the place of `to`, which keeps its on-disk spelling and its permissions: at
+    /// every moment one of the two is there whole. False where it fails, with both as they were.
+    virtual bool ReplaceFile(std::string_view from, std::string_view to) = 0;
+    /// Gives the file `from` a second name. False where it fails, also where `to` exists and on a
+    /// file system that cannot.
+    virtual bool LinkFile(std::string_view from, std::string_view to) = 0;
+    /// Nothing where there is no such file.
+    [[nodiscard]] virtual std::optional<FileStamp> Stamp(std::string_view path) = 0;
     /// False where it fails.
     virtual bool DeleteFile(std::string_view path) = 0;
 
@@ -39,5 +55,10 @@ class FileSystem {
     /// The inner form of a native path; a relative one is taken from the current folder.
     [[nodiscard]] virtual std::string WindowsPath(std::string_view native) const = 0;
 };
+
+/// Writes a file so that its old content stays until the new one is there whole, by way of
+/// `path` + ".tmp". Where no such file can be made beside it an existing file is written in
+/// place. Raises as FileSystem::WriteFile.
+void WriteWhole(FileSystem& files, std::string_view path, std::string_view bytes);
 
 }  // namespace quorrel

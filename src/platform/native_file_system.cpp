@@ -270,15 +270,9 @@ void NativeFileSystem::CreateFolder(std::string_view path) {
 bool NativeFileSystem::CopyFile(std::string_view from, std::string_view to, bool may_replace) {
     if (!may_replace && (FileExists(to) || FolderExists(to))) return false;
     try {
-        const std::string bytes = ReadFile(from);
-        const bool is_new = !FileExists(to);
-        try {
-            WriteFile(to, bytes);
-            return true;
-        } catch (const RuntimeError&) {
-            if (is_new) DeleteFile(to);  // half a copy would pass for the file later
-            throw;
-        }
+        // Half a copy would pass for the file later.
+        WriteWhole(*this, to, ReadFile(from));
+        return true;
     } catch (const RuntimeError&) {
         return false;
     }
@@ -300,6 +294,45 @@ bool NativeFileSystem::MoveFile(std::string_view from, std::string_view to) {
     } catch (const RuntimeError&) {
         return false;
     }
+}
+
+/// The bytes are on the disk before the name that others rely on leads to them.
+static void FlushToDisk(const std::string& native) {
+    const Descriptor file(open(native.c_str(), O_RDONLY | O_CLOEXEC));
+    if (file.Get() >= 0) fdatasync(file.Get());
+}
+
+bool NativeFileSystem::ReplaceFile(std::string_view from, std::string_view to) {
+    try {
+        const std::string source = Resolve(from);
+        std::string target = Resolve(to);
+        if (IsFolder(source) || IsFolder(target)) return false;
+        // A link stays one, and what it leads to is replaced.
+        const std::unique_ptr<char, decltype(&std::free)> real(realpath(target.c_str(), nullptr),
+                                                               &std::free);
+        if (real != nullptr) target = real.get();
+        if (const auto status = StatOf(target)) chmod(source.c_str(), status->st_mode & 07777);
+        if (flush_to_disk) FlushToDisk(source);
+        return rename(source.c_str(), target.c_str()) == 0;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+bool NativeFileSystem::LinkFile(std::string_view from, std::string_view to) {
+    try {
+        const std::string target = Resolve(to);
+        return !StatOf(target) && link(Resolve(from).c_str(), target.c_str()) == 0;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+std::optional<FileStamp> NativeFileSystem::Stamp(std::string_view path) {
+    if (IsNoPath(path)) return std::nullopt;
+    const auto status = StatOf(Resolve(path));
+    if (!status || S_ISDIR(status->st_mode)) return std::nullopt;
+    return FileStamp{static_cast<std::uint64_t>(status->st_size), Nanoseconds(status->st_mtim)};
 }
 
 bool NativeFileSystem::DeleteFile(std::string_view path) {

@@ -21,9 +21,15 @@ class NativeFileSystem : public FileSystem {
     void CreateFolder(std::string_view path) override;
     bool CopyFile(std::string_view from, std::string_view to, bool may_replace) override;
     bool MoveFile(std::string_view from, std::string_view to) override;
+    bool ReplaceFile(std::string_view from, std::string_view to) override;
+    bool LinkFile(std::string_view from, std::string_view to) override;
+    std::optional<FileStamp> Stamp(std::string_view path) override;
     bool DeleteFile(std::string_view path) override;
     std::string NativePath(std::string_view path) const override;
     std::string WindowsPath(std::string_view native) const override;
+
+    /// A replaced file survives a loss of power, at the cost of waiting for the disk.
+    bool flush_to_disk = true;
 
   private:
     using Names = std::unordered_map<std::string, std::string, IgnoringCaseHash, IgnoringCaseEqual>;

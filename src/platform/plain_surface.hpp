@@ -34,7 +34,7 @@ class PlainSurface : public EditSurface {
         path_ = path;
         dirty_ = false;
     }
-    void NewDocument() override {
+    void NewDocument(std::string_view) override {
         html_.clear();
         path_.clear();
         base_url_.clear();

@@ -29,6 +29,8 @@ struct Message {
     std::string caption;
     MessageButtons buttons = MessageButtons::kOk;
     MessageIcon icon = MessageIcon::kNone;
+    /// What the Enter key answers.
+    MessageAnswer default_answer = MessageAnswer::kYes;
 };
 
 /// A request for a file. The filter has the classic form "Text|*.a;*.b|Text|*.c".

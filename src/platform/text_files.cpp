@@ -36,26 +36,35 @@ std::string TextFiles::Encoded(std::string_view path, std::string_view text) con
 }
 
 void TextFiles::Write(std::string_view path, std::string_view text) {
-    files_.WriteFile(path, Encoded(path, text));
+    WriteWhole(files_, path, Encoded(path, text));
+}
+
+bool KeepBackup(FileSystem& files, std::string_view path) {
+    const std::string backup = std::string(path) + ".bak";
+    if (files.FileExists(backup)) files.DeleteFile(backup);
+    return files.LinkFile(path, backup) || files.CopyFile(path, backup, false);
+}
+
+bool TextFiles::WriteTemporary(std::string_view path, std::string_view text, const Trap& trap) {
+    const std::string temporary = std::string(path) + ".tmp";
+    if (trap([&] { files_.WriteFile(temporary, Encoded(path, text)); })) return true;
+    files_.DeleteFile(temporary);
+    return false;
+}
+
+bool TextFiles::SwapIn(std::string_view path, Backup backup, const Trap& trap) {
+    const std::string target(path);
+    const std::string temporary = target + ".tmp";
+    const bool has_old = files_.FileExists(target);
+    const bool has_room = !has_old || backup == Backup::kNone || KeepBackup(files_, target);
+    if (has_room && files_.ReplaceFile(temporary, target)) return true;
+    trap([] { throw RuntimeError(run_time_error::kPathFileAccess); });
+    return false;
 }
 
 bool TextFiles::WriteAndSwap(std::string_view path, std::string_view text, Backup backup,
                              const Trap& trap) {
-    const std::string target(path);
-    const std::string temporary = target + ".tmp";
-    if (!trap([&] { files_.WriteFile(temporary, Encoded(path, text)); })) return false;
-    if (files_.FileExists(target)) {
-        if (backup == Backup::kKept) {
-            const std::string old = target + ".bak";
-            if (files_.FileExists(old)) files_.DeleteFile(old);
-            files_.MoveFile(target, old);
-        } else {
-            files_.DeleteFile(target);
-        }
-    }
-    if (files_.MoveFile(temporary, target)) return true;
-    trap([] { throw RuntimeError(run_time_error::kPathFileAccess); });
-    return false;
+    return WriteTemporary(path, text, trap) && SwapIn(path, backup, trap);
 }
 
 }  // namespace quorrel

@@ -15,6 +15,10 @@ namespace quorrel {
 /// What becomes of the old file when a new one takes its place.
 enum class Backup { kKept, kNone };
 
+/// Makes `path` + ".bak" of the file, an older one being deleted. The file has both names until
+/// its successor takes its own, so that it is never missing. False where it fails.
+bool KeepBackup(FileSystem& files, std::string_view path);
+
 class TextFiles {
   public:
     TextFiles(FileSystem& files, MachineCodePage machine);
@@ -36,6 +40,9 @@ class TextFiles {
     [[nodiscard]] std::string Encoded(std::string_view path, std::string_view text) const;
     void Write(std::string_view path, std::string_view text);
 
+    /// The two halves of WriteAndSwap, for files that belong together.
+    bool WriteTemporary(std::string_view path, std::string_view text, const Trap& trap);
+    bool SwapIn(std::string_view path, Backup backup, const Trap& trap);
     /// Writes `text` to `path` + ".tmp" and puts that in the place of `path`. With Backup::kKept
     /// the old file becomes `path` + ".bak", an older one of that name being deleted. Where the
     /// ".tmp" cannot be written whole the log gets the failure, the old file stays and the

@@ -9,6 +9,7 @@
 #include "formats/javahelp/helpset.hpp"
 #include "platform/text.hpp"
 #include "project/paths.hpp"
+#include "project/save_project.hpp"
 #include "project/side_files.hpp"
 #include "project/verify_map_ids.hpp"
 
@@ -48,8 +49,14 @@ void ClearModel(MainForm& main) {
     main.topics.current_topic_index = 0;
     main.editor.main_path.clear();
     main.editor.temp_path.clear();
-    main.DHTMLEdit1.NewDocument();
+    main.editor.ActiveDirty = false;
+    main.editor.TopicPropDirty = false;
+    main.editor.new_topic_template = "False";
+    main.editor.SourceViewActive = false;
+    main.editor.loaded.clear();
+    main.DHTMLEdit1.NewDocument("There is no topic to show.");
     // What the project's files do not say must not be that of the project before.
+    main.contents.left_behind = main.keywords.left_behind = main.outline.left_behind = {};
     main.project.java_map_file.clear();
     main.project.project_title.clear();
     main.project.project_def_topic.clear();
@@ -139,6 +146,29 @@ void ReadJavaHelpProject(MainForm& main) {
 
 }  // namespace
 
+/// The warning for a file that other programs write in a form that is read in part only.
+std::string LeftBehindIn(const MainForm& main, const EntriesLeftBehind& left_behind) {
+    if (left_behind.count == 0) return {};
+    const std::string name(AfterLast(left_behind.file, '\\'));
+    std::string text = "\r\n\r\n" + name + ": " + std::to_string(left_behind.count) + " of " +
+                       std::to_string(left_behind.of) +
+                       (left_behind.of == 1 ? " entry" : " entries") + " not read whole.";
+    if (main.project.help_mode == 1) return text;
+    return text + " The first save that replaces this file keeps it as " + name + ".orig.";
+}
+
+void TellWhatWasLeftBehind(MainForm& main) {
+    std::string text = LeftBehindIn(main, main.contents.left_behind);
+    text += LeftBehindIn(main, main.keywords.left_behind);
+    text += LeftBehindIn(main, main.outline.left_behind);
+    if (text.empty()) return;
+    main.screen.ShowMessage(
+        {"Some entries of this project are written in a way that cannot be read in full, such as "
+         "several parameters on one line." +
+             text,
+         main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kExclamation});
+}
+
 bool IsJavaHelpProject(std::string_view proj) {
     return Contains(proj, ".hs");
 }
@@ -150,9 +180,11 @@ void UpdateCaption(MainForm& main) {
 }
 
 void OpenProject_Click(MainForm& main) {
+    if (PromptSaveChanges(main) == save_prompt::kCancelled) return;
     std::string chosen = ChooseProject(main);
     if (chosen.empty()) return;
-    main.project.proj = std::move(chosen);
+    ProjectState& project = main.project;
+    project.proj = std::move(chosen);
     const Trap trap(main.log, "MainForm OpenProject Click: ");
     main.project.proj_success = true;
     ReadProjectSettings(main);
@@ -166,6 +198,8 @@ void OpenProject_Click(MainForm& main) {
         ReadHtmlHelpProject(main, trap);
     }
     main.screen.SetPointer(Pointer::kNormal);
+    project.lngMapCount = ReadImageMapCount(main);
+    TellWhatWasLeftBehind(main);
 }
 
 bool OpenRecentProject(MainForm& main, std::string_view path) {

@@ -27,6 +27,7 @@ struct ProjectState {
     int help_mode = 0;              // 1 a JavaHelp project, 0 an HTML Help project
     bool javahelp_do_fts = false;   // there is a full-text search database
     bool project_dirty = false;
+    bool backup_all_html = false;  // a topic that is replaced stays as ".bak"; nothing sets it
     std::int64_t lngMapCount = 0;  // image maps made so far
     int replace_topic_option = 0;
 

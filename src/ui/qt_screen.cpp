@@ -50,6 +50,20 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+QMessageBox::StandardButton ButtonOf(MessageAnswer answer) {
+    switch (answer) {
+        case MessageAnswer::kOk:
+            return QMessageBox::Ok;
+        case MessageAnswer::kCancel:
+            return QMessageBox::Cancel;
+        case MessageAnswer::kYes:
+            return QMessageBox::Yes;
+        case MessageAnswer::kNo:
+            return QMessageBox::No;
+    }
+    return QMessageBox::NoButton;
+}
+
 void SetButtons(QMessageBox& box, MessageButtons buttons) {
     switch (buttons) {
         case MessageButtons::kOk:
@@ -64,7 +78,6 @@ void SetButtons(QMessageBox& box, MessageButtons buttons) {
             box.setEscapeButton(QMessageBox::Cancel);
             break;
     }
-    box.setDefaultButton(QMessageBox::Yes);
 }
 
 }  // namespace
@@ -113,6 +126,7 @@ MessageAnswer QtScreen::ShowMessage(const Message& message) {
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(message.text));
     SetButtons(box, message.buttons);
+    box.setDefaultButton(ButtonOf(message.default_answer));
     switch (box.exec()) {
         case QMessageBox::Ok:
             return MessageAnswer::kOk;

@@ -103,7 +103,7 @@ void WebSurface::SaveDocument(std::string_view path) {
     path_ = path;
 }
 
-void WebSurface::NewDocument() {
+void WebSurface::NewDocument(std::string_view why) {
     bytes_.clear();
     path_.clear();
     base_url_.clear();
@@ -111,7 +111,7 @@ void WebSurface::NewDocument() {
     url_.clear();
     busy_ = false;
     if (!page_.isNull()) page_->Show(BlankUrl());
-    ShowHint("There is no topic to show.");
+    ShowHint(ToQt(why));
 }
 
 void WebSurface::ShowHint(const QString& text) {

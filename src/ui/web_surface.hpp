@@ -10,8 +10,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/file_system.hpp"
 #include "platform/failure.hpp"
+#include "platform/file_system.hpp"
 #include "platform/surfaces.hpp"
 
 class QLabel;
@@ -34,7 +34,7 @@ class WebSurface : public QObject, public EditSurface {
 
     void LoadDocument(std::string_view path) override;
     void SaveDocument(std::string_view path) override;
-    void NewDocument() override;
+    void NewDocument(std::string_view why) override;
     std::string DocumentHTML() const override;
     void SetDocumentHTML(std::string_view html) override;
     std::string BaseURL() const override { return base_url_; }

@@ -18,6 +18,7 @@ namespace quorrel::test {
 class ProjectFixture : public testing::Test {
   protected:
     ProjectFixture() {
+        files.flush_to_disk = false;
         surface.code_page = [this] { return main.texts.CodePageNumber(); };
         main.log.listener = [this](std::string_view line) { log_lines.emplace_back(line); };
     }

@@ -24,13 +24,20 @@ class ContentsReader {
             if (tags.list_end) --level_;
         }
         source_.trap([&] { parents_.At(level_) = node_count_; });
+        const int nodes_before = tree_.Count();
+        const bool is_read = in_entry_;
         if (in_entry_) TakeParam(line);
+        if (tags.any) tally_.TakeLine(line, is_read, tree_.Count() > nodes_before);
         if (tags.object_end) {
             if (have_node_) FinishNode();
             in_entry_ = false;
         }
         // Last, so that params on the line of "<LI" are not read.
         if (tags.entry_start) in_entry_ = true;
+    }
+
+    [[nodiscard]] EntriesLeftBehind LeftBehind() const {
+        return {tally_.LeftBehind(), tally_.Objects(), std::string(source_.file)};
     }
 
   private:
@@ -122,6 +129,7 @@ class ContentsReader {
     TreeView& tree_;
     TextBudget budget_;  // for aliases, which the tags repeat
     ParentNumbers parents_;
+    SitemapTally tally_;
     int level_ = 1;
     int node_count_ = 0;
     bool in_entry_ = false;
@@ -197,8 +205,8 @@ class ContentsWriter {
 
 }  // namespace
 
-void ReadContents(std::string_view text, const ContentsSource& source, TreeView& tree,
-                  std::string& site_properties) {
+EntriesLeftBehind ReadContents(std::string_view text, const ContentsSource& source, TreeView& tree,
+                               std::string& site_properties) {
     ContentsReader reader(source, tree);
     TextLines lines(text);
     while (!lines.AtEnd()) {
@@ -207,6 +215,7 @@ void ReadContents(std::string_view text, const ContentsSource& source, TreeView&
         ReadSiteProperties(line, tags, lines, site_properties, source.trap);
         reader.TakeLine(line, tags);
     }
+    return reader.LeftBehind();
 }
 
 std::string WriteContents(const TreeView& tree, std::string_view site_properties,
@@ -218,53 +227,59 @@ std::string WriteContents(const TreeView& tree, std::string_view site_properties
 
 namespace {
 
-void ReadTreeFile(MainForm& main, const std::string& file, std::string_view status, TreeView& tree,
-                  std::string& site_properties) {
+EntriesLeftBehind ReadTreeFile(MainForm& main, const std::string& file, std::string_view status,
+                               TreeView& tree, std::string& site_properties) {
     const Trap trap(main.log, "MainForm ReadTOC: ");
     tree.Clear();
     site_properties.clear();
     main.window.StatusBar1.SetPanel(1, std::string(status));
     std::string text;
-    if (!trap([&] { text = main.texts.Read(file); })) return;
+    if (!trap([&] { text = main.texts.Read(file); })) return {};
     const ContentsSource source{file, main.settings.is_javahelp_edition, main.topics.ListTopics,
                                 main.topics.ListAliases, trap};
-    ReadContents(text, source, tree, site_properties);
+    return ReadContents(text, source, tree, site_properties);
 }
 
 /// The label is that of another routine, as the log file has always had it.
-void WriteTreeFile(MainForm& main, const std::string& file, const TreeView& tree,
-                   std::string_view site_properties) {
+bool WriteTreeFile(MainForm& main, const std::string& file, const TreeView& tree,
+                   std::string_view site_properties, EntriesLeftBehind& left_behind) {
     const Trap trap(main.log, "MainForm JavaWriteTOC: ");
+    if (!KeepOriginal(main.files, file, left_behind, trap)) return false;
     const std::string text = WriteContents(tree, site_properties, main.project.proj);
-    main.texts.WriteAndSwap(file, text, Backup::kKept, trap);
+    return main.texts.WriteAndSwap(file, text, Backup::kKept, trap);
 }
 
 }  // namespace
 
 void ReadTOC(MainForm& main) {
-    ReadTreeFile(main, main.project.hhcfile, "Reading Table of Contents...", main.contents.Tree1,
-                 main.contents.site_properties_toc);
+    main.contents.left_behind =
+        ReadTreeFile(main, main.project.hhcfile, "Reading Table of Contents...",
+                     main.contents.Tree1, main.contents.site_properties_toc);
 }
 
 void HTMLWriteTOC(MainForm& main) {
     if (!main.contents.toc_dirty) return;
-    main.contents.toc_dirty = false;
     std::string& file = main.project.hhcfile;
     if (file.empty()) file = std::string(BaseName(main.project.proj)) + ".hhc";
-    WriteTreeFile(main, file, main.contents.Tree1, main.contents.site_properties_toc);
+    // What could not be written is written by the next save.
+    ContentsState& contents = main.contents;
+    contents.toc_dirty = !WriteTreeFile(main, file, contents.Tree1, contents.site_properties_toc,
+                                        contents.left_behind);
 }
 
 void ReadDocOutline(MainForm& main) {
-    ReadTreeFile(main, main.outline.doc_outline, "Reading Printed Document Outline...",
-                 main.outline.TreeDoc, main.outline.site_properties_doc);
+    main.outline.left_behind =
+        ReadTreeFile(main, main.outline.doc_outline, "Reading Printed Document Outline...",
+                     main.outline.TreeDoc, main.outline.site_properties_doc);
 }
 
 void WriteDocOutline(MainForm& main) {
     if (!main.outline.doc_dirty) return;
-    main.outline.doc_dirty = false;
     std::string& file = main.outline.doc_outline;
     if (file.empty()) file = std::string(BaseName(main.project.proj)) + ".out";
-    WriteTreeFile(main, file, main.outline.TreeDoc, main.outline.site_properties_doc);
+    OutlineState& outline = main.outline;
+    outline.doc_dirty = !WriteTreeFile(main, file, outline.TreeDoc, outline.site_properties_doc,
+                                       outline.left_behind);
 }
 
 }  // namespace quorrel

@@ -33,9 +33,16 @@ class KeywordReader {
             }
             if (tags.list_end) --level_;
         }
+        const int entries_before = count_;
+        const bool is_read = in_entry_;
         if (in_entry_) TakeParam(line);
+        if (tags.any) tally_.TakeLine(line, is_read, count_ > entries_before);
         if (tags.object_end) FinishEntry();
         if (tags.entry_start) first_name_ = in_entry_ = true;
+    }
+
+    [[nodiscard]] EntriesLeftBehind LeftBehind() const {
+        return {tally_.LeftBehind(), tally_.Objects(), {}};
     }
 
   private:
@@ -96,6 +103,7 @@ class KeywordReader {
     TopicPathFinder finder_;
     TextBudget budget_;
     KeywordCells cells_;
+    SitemapTally tally_;
     int level_ = 1;
     int count_ = 0;
     bool first_name_ = true;
@@ -170,6 +178,7 @@ void ReadKeywords(std::string_view text, std::string_view proj_path, KeywordStat
         ReadSiteProperties(line, tags, lines, keywords.site_properties_index, trap);
         reader.TakeLine(line, tags);
     }
+    keywords.left_behind = reader.LeftBehind();
 }
 
 std::string WriteKeywords(const KeywordState& keywords, std::string_view proj) {
@@ -184,18 +193,23 @@ void ReadIndex(MainForm& main) {
     main.window.StatusBar1.SetPanel(1, "Reading Index...");
     main.keywords.ListKeywords.Clear();
     main.keywords.site_properties_index.clear();
+    main.keywords.left_behind = {};
     std::string text;
     if (!trap([&] { text = main.texts.Read(main.project.hhkfile); })) return;
     ReadKeywords(text, main.project.proj_path, main.keywords, main.topics.ListTopics, trap);
+    main.keywords.left_behind.file = main.project.hhkfile;
 }
 
 void HTMLWriteIndex(MainForm& main) {
     const Trap trap(main.log, "MainForm HTMLWriteIndex: ");
-    main.keywords.index_dirty = false;
     std::string& file = main.project.hhkfile;
     if (file.empty()) file = std::string(BaseName(main.project.proj)) + ".hhk";
-    main.texts.WriteAndSwap(file, WriteKeywords(main.keywords, main.project.proj), Backup::kKept,
-                            trap);
+    KeywordState& keywords = main.keywords;
+    // What could not be written is written by the next save.
+    keywords.index_dirty =
+        !KeepOriginal(main.files, file, keywords.left_behind, trap) ||
+        !main.texts.WriteAndSwap(file, WriteKeywords(keywords, main.project.proj), Backup::kKept,
+                                 trap);
 }
 
 }  // namespace quorrel

@@ -159,12 +159,20 @@ void HTMLWriteMapFile(MainForm& main) {
     const Trap trap(main.log, "MainForm JavaWriteMapFile: ");
     ProjectState& project = main.project;
     const ListView& topics = main.topics.ListTopics;
-    main.texts.WriteAndSwap(AliasFileOf(project.proj), WriteAliases(topics, project.proj),
-                            Backup::kNone, trap);
     if (project.java_map_file.empty()) {
         project.java_map_file = std::string(BaseName(project.proj)) + ".h";
     }
-    main.texts.WriteAndSwap(project.java_map_file, WriteMapHeader(topics), Backup::kNone, trap);
+    const std::string aliases = AliasFileOf(project.proj);
+    TextFiles& texts = main.texts;
+    // A header says nothing without the aliases of its time: both change, or none.
+    const bool is_ready = texts.WriteTemporary(aliases, WriteAliases(topics, project.proj), trap) &&
+                          texts.WriteTemporary(project.java_map_file, WriteMapHeader(topics), trap);
+    const bool done = is_ready && texts.SwapIn(aliases, Backup::kNone, trap) &&
+                      texts.SwapIn(project.java_map_file, Backup::kNone, trap);
+    if (done) return;
+    for (const std::string& file : {aliases, project.java_map_file}) {
+        main.files.DeleteFile(file + ".tmp");
+    }
 }
 
 }  // namespace quorrel

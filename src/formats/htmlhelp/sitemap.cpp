@@ -27,6 +27,31 @@ SitemapTags FindSitemapTags(std::string_view line) {
     return tags;
 }
 
+void SitemapTally::EndObject() {
+    if (InLostObject()) ++left_behind_;
+    in_object_ = false;
+}
+
+void SitemapTally::TakeLine(std::string_view line, bool is_read, bool added) {
+    for (std::size_t at = line.find('<'); at != npos; at = line.find('<', at + 1)) {
+        const std::string_view tag = line.substr(at + 1);
+        if (StartsWithUpper(tag, "PARAM")) {
+            is_whole_ = is_whole_ && is_read;
+            is_placed_ = is_placed_ || added;
+            // Of several on a line the first is read.
+            is_read = added = false;
+        } else if (StartsWithUpper(tag, "/OBJECT")) {
+            EndObject();
+        } else if (StartsWithUpper(tag, "OBJECT") &&
+                   ContainsIgnoringAsciiCase(tag.substr(0, tag.find('>')), "TEXT/SITEMAP")) {
+            EndObject();
+            ++objects_;
+            in_object_ = is_whole_ = true;
+            is_placed_ = false;
+        }
+    }
+}
+
 SitemapParam ReadSitemapParam(std::string_view line) {
     SitemapParam param;
     param.name = TagValue(line, 1, "NAME", "", TagMode::kRead);
@@ -43,6 +68,16 @@ void ReadSiteProperties(std::string_view& line, SitemapTags& tags, TextLines& li
         properties.append(line).append(kLineEnd);
     }
     tags = FindSitemapTags(line);
+}
+
+bool KeepOriginal(FileSystem& files, std::string_view file, EntriesLeftBehind& left_behind,
+                  const Trap& trap) {
+    if (left_behind.count == 0 || !files.FileExists(file)) return true;
+    const std::string kept = std::string(file) + ".orig";
+    const bool is_kept = files.FileExists(kept) || files.CopyFile(file, kept, false);
+    if (!is_kept) return trap([] { throw RuntimeError(run_time_error::kPathFileAccess); });
+    left_behind.count = 0;
+    return true;
 }
 
 std::string SitemapHead(std::string_view properties) {

@@ -5,7 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "contents/contents_state.hpp"
 #include "platform/failure.hpp"
+#include "platform/file_system.hpp"
 #include "platform/text_lines.hpp"
 
 namespace quorrel {
@@ -21,6 +23,30 @@ struct SitemapTags {
 };
 [[nodiscard]] SitemapTags FindSitemapTags(std::string_view line);
 
+/// Counts the objects of type "text/sitemap" that a reader could not take whole: those whose
+/// entry was not placed, or that have a <param> where the reader does not look, as generators
+/// write that put a whole entry on one line.
+class SitemapTally {
+  public:
+    /// A line of the file. `is_read`: the reader looked for a <param> on it, and `added` an entry
+    /// with it.
+    void TakeLine(std::string_view line, bool is_read, bool added);
+
+    [[nodiscard]] int Objects() const { return objects_; }
+    /// At the end of the file.
+    [[nodiscard]] int LeftBehind() const { return left_behind_ + (InLostObject() ? 1 : 0); }
+
+  private:
+    [[nodiscard]] bool InLostObject() const { return in_object_ && !(is_placed_ && is_whole_); }
+    void EndObject();
+
+    int objects_ = 0;
+    int left_behind_ = 0;
+    bool in_object_ = false;
+    bool is_placed_ = false;
+    bool is_whole_ = true;
+};
+
 /// A name and value of a <param> line; each is empty where the line has none.
 struct SitemapParam {
     std::string name;
@@ -33,6 +59,12 @@ struct SitemapParam {
 /// end takes the rest of the file, and the trap's log gets the end of the file as a failure.
 void ReadSiteProperties(std::string_view& line, SitemapTags& tags, TextLines& lines,
                         std::string& properties, const Trap& trap);
+
+/// Before `file` is replaced: keeps it for good as `file` + ".orig", never over an older one, if
+/// entries of it were left behind on reading. False, with the failure in the trap's log, where
+/// that cannot be done.
+[[nodiscard]] bool KeepOriginal(FileSystem& files, std::string_view file,
+                                EntriesLeftBehind& left_behind, const Trap& trap);
 
 /// The lines before the first entry; `properties` of 20 characters or fewer are left out.
 [[nodiscard]] std::string SitemapHead(std::string_view properties);

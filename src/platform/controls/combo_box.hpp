@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/controls/control.hpp"
@@ -20,6 +21,20 @@ class ComboBox : public Control {
         items_.clear();
         ListIndex = -1;
         changed.Emit();
+    }
+    /// The selected text, empty for none.
+    [[nodiscard]] std::string Text() const {
+        const int index = ListIndex;
+        return index >= 0 && index < ListCount() ? items_[static_cast<std::size_t>(index)]
+                                                 : std::string();
+    }
+    /// Selects the first entry that is exactly this text; where there is none nothing changes.
+    void SelectText(std::string_view text) {
+        for (int i = 0; i < ListCount(); ++i) {
+            if (items_[static_cast<std::size_t>(i)] != text) continue;
+            ListIndex = i;
+            return;
+        }
     }
     [[nodiscard]] int ListCount() const { return static_cast<int>(items_.size()); }
     [[nodiscard]] const std::vector<std::string>& List() const { return items_; }

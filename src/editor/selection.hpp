@@ -1,0 +1,6 @@
+#pragma once
+namespace quorrel {
+struct MainForm;
+inline void SaveSelection(MainForm&) {}
+inline void RestoreSelection(MainForm&) {}
+}  // namespace quorrel

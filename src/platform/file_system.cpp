@@ -1,0 +1,22 @@
+#include "platform/file_system.hpp"
+
+#include "platform/failure.hpp"
+
+namespace quorrel {
+
+void WriteWhole(FileSystem& files, std::string_view path, std::string_view bytes) {
+    const std::string temporary = std::string(path) + ".tmp";
+    try {
+        files.WriteFile(temporary, bytes);
+    } catch (const RuntimeError& error) {
+        files.DeleteFile(temporary);
+        const bool not_permitted = error.Number() == run_time_error::kPermissionDenied;
+        if (!not_permitted || !files.FileExists(path)) throw;
+        return files.WriteFile(path, bytes);
+    }
+    if (files.ReplaceFile(temporary, path)) return;
+    files.DeleteFile(temporary);
+    throw RuntimeError(run_time_error::kPathFileAccess);
+}
+
+}  // namespace quorrel

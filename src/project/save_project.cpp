@@ -1,0 +1,192 @@
+#include "project/save_project.hpp"
+
+#include <string>
+
+#include "app/main_form.hpp"
+#include "app/recent_projects.hpp"
+#include "editor/foreign_change.hpp"
+#include "editor/load_file.hpp"
+#include "editor/save_html.hpp"
+#include "formats/htmlhelp/hhc.hpp"
+#include "formats/htmlhelp/hhk.hpp"
+#include "formats/htmlhelp/hhp.hpp"
+#include "formats/htmlhelp/map_files.hpp"
+#include "platform/text.hpp"
+#include "project/side_files.hpp"
+#include "project/topic_properties.hpp"
+#include "project/working_copy.hpp"
+
+namespace quorrel {
+namespace {
+
+constexpr std::string_view kFlagged = "1";
+constexpr std::string_view kSaveProject = "MainForm SaveProject: ";
+
+/// Copies what the topics rely on from the templates into the project, never over a file there.
+void CopySupportFiles(MainForm& main) {
+    const auto copy = [&](const char* name) {
+        main.files.CopyFile(main.settings.Template_Dir + "\\" + name,
+                            main.project.proj_path + "\\" + name, false);
+    };
+    if (main.settings.is_javahelp_edition) return copy("javahelp.css");
+    for (const char* name : {"rtex.gif", "dwnex.gif", "htmlhelp.css", "master.js"}) copy(name);
+}
+
+/// Puts a topic's working copy in its place. True if the topic needs no flag any longer.
+bool PromoteWorkingCopy(MainForm& main, const std::string& topic) {
+    const std::string copy = topic + std::string(kWorkingCopy);
+    const auto stamp = main.files.Stamp(copy);
+    if (!stamp) return false;
+    if (main.files.FileExists(topic)) {
+        constexpr std::uint64_t kNoDocument = 25;  // bytes; an empty page of the surface
+        if (stamp->size <= kNoDocument) return false;
+        const auto may = MayOverwrite(main, topic, [&] { return main.files.ReadFile(copy); });
+        if (may == Overwrite::kRefused) return false;
+        if (may == Overwrite::kNothing) return main.files.DeleteFile(copy);
+        if (main.project.backup_all_html) KeepBackup(main.files, topic);
+    }
+    if (main.files.ReplaceFile(copy, topic)) {
+        NoteTopicFile(main, topic);
+    } else {
+        main.log.Write(kSaveProject, run_time_error::kPathFileAccess,
+                       main.files.NativePath(topic) +
+                           " could not be replaced; your version is in " +
+                           main.files.NativePath(copy));
+    }
+    // Also after a failure: the copy stays beside the topic then, and the log tells.
+    return true;
+}
+
+/// The open topic goes to its working copy, edited or not. An edited page that is no topic of the
+/// project has no flag to be promoted by, and takes its place at once.
+void SaveOpenTopic(MainForm& main) {
+    const std::string& path = main.editor.main_path;
+    if (IsTemplateOpen(main) || path.empty()) return;
+    const std::string topic = TopicPath(path);
+    // A file that the surface would not take has nothing on it that could replace it.
+    const bool is_empty_surface = main.DHTMLEdit1.CurrentDocumentPath().empty();
+    if (is_empty_surface && main.files.FileExists(topic)) return;
+    const bool edited = main.DHTMLEdit1.IsDirty() || main.editor.ActiveDirty;
+    const bool saved = SaveHTML(main, WorkingCopyOf(path));
+    const int index = main.topics.current_topic_index;
+    if (index >= 1) {
+        main.topics.ListTopics.At(index).SetSubItem(topic_cell::kModified, std::string(kFlagged));
+    } else if (saved && edited) {
+        PromoteWorkingCopy(main, topic);
+    }
+}
+
+void WriteProjectFiles(MainForm& main, const Trap& trap) {
+    if (main.settings.is_javahelp_edition) {
+        // TODO writers
+    } else {
+        trap([&] { HTMLWriteTOC(main); });
+        trap([&] { HTMLWriteIndex(main); });
+        trap([&] { HTMLWriteMapFile(main); });
+        trap([&] { HTMLWriteProjectFile(main); });
+    }
+    trap([&] { WriteDocOutline(main); });
+}
+
+void SaveProject(MainForm& main) {
+    const Trap trap(main.log, kSaveProject);
+    if (main.editor.TopicPropDirty) trap([&] { SaveTopicProperties(main); });
+    WaitForSurface(main);
+    trap([&] { SaveOpenTopic(main); });
+    trap([&] { UpdateRecentList(main); });
+    WriteProjectFiles(main, trap);
+    ListView& topics = main.topics.ListTopics;
+    for (int i = 1; i <= topics.Count(); ++i) {
+        ListRow& row = topics.At(i);
+        if (row.SubItems(topic_cell::kModified) != kFlagged) continue;
+        trap([&] {
+            const bool done = PromoteWorkingCopy(main, row.SubItems(topic_cell::kFullPath));
+            if (done) row.SetSubItem(topic_cell::kModified, "0");
+        });
+    }
+    main.project.project_dirty = false;
+}
+
+/// Puts the source view's text onto the surface if the author works there.
+void TakeSourceForSave(MainForm& main) {
+    if (main.window.TabStrip2.SelectedIndex() != right_tab::kSource) return;
+    ShowSource(main, main.Source1.Text());
+    main.editor.ActiveDirty = true;
+}
+
+}  // namespace
+
+static void TellIncompleteSave(MainForm& main) {
+    main.screen.ShowMessage(
+        {"Not everything could be saved. The last error was:\r\n\r\n" + main.log.LastLine(),
+         main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kExclamation});
+}
+
+bool SetDirty(MainForm& main) {
+    if (main.editor.TopicPropDirty) SaveTopicProperties(main);
+    std::string path = TopicPath(main.DHTMLEdit1.CurrentDocumentPath());
+    main.project.project_dirty = true;
+    if (ListRow* row = main.topics.ListTopics.FirstWith(topic_cell::kFullPath, path)) {
+        row->SetSubItem(topic_cell::kModified, std::string(kFlagged));
+        path += kWorkingCopy;
+    }
+    const bool saved = SaveHTML(main, path);
+    main.editor.temp_path = path;
+    main.editor.ActiveDirty = true;
+    return saved;
+}
+
+void FileSave_Click(MainForm& main) {
+    CopySupportFiles(main);
+    TakeSourceForSave(main);
+    if (IsTemplateOpen(main) && SaveHTML(main, main.DHTMLEdit1.CurrentDocumentPath())) {
+        main.editor.ActiveDirty = false;
+    }
+    if (!main.editor.main_path.empty()) SetStatusNotes(main);
+    StatusBar& status = main.window.StatusBar1;
+    const std::string shown = status.Panel(1);
+    status.SetPanel(1, "Saving Project...");
+    main.screen.SetPointer(Pointer::kHourglass);
+    const int errors_before = main.log.Count();
+    SaveProject(main);
+    main.screen.SetPointer(Pointer::kNormal);
+    if (main.log.Count() > errors_before) TellIncompleteSave(main);
+    status.SetPanel(1, "Project Saved.");
+    status.SetPanel(1, shown);
+}
+
+void ClearTempFiles(MainForm& main) {
+    const Trap trap(main.log, "MainForm ClearTempFiles: ");
+    const ListView& topics = main.topics.ListTopics;
+    for (int i = 1; i <= topics.Count(); ++i) {
+        const ListRow& row = topics.At(i);
+        if (row.SubItems(topic_cell::kModified) != kFlagged) continue;
+        trap([&] {
+            const std::string copy =
+                row.SubItems(topic_cell::kFullPath) + std::string(kWorkingCopy);
+            if (main.files.FileExists(copy)) main.files.DeleteFile(copy);
+        });
+    }
+    main.project.project_dirty = false;
+}
+
+int PromptSaveChanges(MainForm& main) {
+    if (main.editor.TopicPropDirty) SaveTopicProperties(main);
+    const bool changed =
+        main.DHTMLEdit1.IsDirty() || main.project.project_dirty || main.editor.ActiveDirty;
+    if (main.editor.main_path.empty() || !changed) return save_prompt::kNotNeeded;
+    switch (main.screen.ShowMessage(
+        {"The current project has been modified.\r\n\r\nDo you want to save changes?",
+         main.settings.APP_NAME, MessageButtons::kYesNoCancel, MessageIcon::kExclamation})) {
+        case MessageAnswer::kYes:
+            FileSave_Click(main);
+            return save_prompt::kSaved;
+        case MessageAnswer::kNo:
+            ClearTempFiles(main);
+            return save_prompt::kDiscarded;
+        default:
+            return save_prompt::kCancelled;
+    }
+}
+
+}  // namespace quorrel

@@ -1,0 +1,25 @@
+// Working copies: an edited topic is kept beside its file until the project is saved.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quorrel {
+
+inline constexpr std::string_view kWorkingCopy = ".tmp.htm";
+
+[[nodiscard]] inline bool IsWorkingCopy(std::string_view path) {
+    return path.find(kWorkingCopy) != std::string_view::npos;
+}
+/// The topic's path: `path` up to the first ending of a working copy.
+[[nodiscard]] inline std::string TopicPath(std::string_view path) {
+    return std::string(path.substr(0, path.find(kWorkingCopy)));
+}
+/// `path` itself if it is one already.
+[[nodiscard]] inline std::string WorkingCopyOf(std::string_view path) {
+    std::string copy(path);
+    if (!IsWorkingCopy(path)) copy += kWorkingCopy;
+    return copy;
+}
+
+}  // namespace quorrel

@@ -1,0 +1,266 @@
+#include "project/save_project.hpp"
+
+#include <fstream>
+
+#include "app/startup.hpp"
+#include "editor/load_file.hpp"
+#include "project/open_project.hpp"
+#include "project/topic_properties.hpp"
+#include "support/project_fixture.hpp"
+
+namespace quorrel {
+namespace {
+
+class SaveProjectTest : public test::ProjectFixture {
+  protected:
+    void SetUp() override {
+        folder.Write("p/guide.hhp",
+                     "[OPTIONS]\r\nTitle=Guide\r\n\r\n[FILES]\r\na.htm\r\n;Title=Ay\r\nb.htm\r\n"
+                     ";Title=Bee\r\n");
+        folder.Write("p/a.htm", kTopicA);
+        folder.Write("p/b.htm", kTopicB);
+        folder.Write("p/guide.hhc",
+                     "<UL>\r\n<LI><OBJECT type=\"text/sitemap\">\r\n<param name=\"Name\" "
+                     "value=\"A\">\r\n<param name=\"Local\" value=\"a.htm\">\r\n</OBJECT>\r\n"
+                     "</UL>\r\n");
+        folder.Write("p/guide.hhk", "<UL>\r\n</UL>\r\n");
+        Open("p/guide.hhp");
+    }
+
+    void Edit(std::string_view html) { surface.SetDocumentHTML(html); }
+    void Leave(std::string_view for_topic) {
+        main.editor.new_main_path = folder.Windows(for_topic);
+        LoadFile(main);
+    }
+    /// The flag of the topic, which has its file name as identifier.
+    std::string Flag(std::string_view id) {
+        return main.topics.ListTopics.FirstWith(topic_cell::kMapId, id)
+            ->SubItems(topic_cell::kModified);
+    }
+
+    static constexpr const char* kTopicA = "<title>Ay</title><body>text of topic a</body>\r\n";
+    static constexpr const char* kTopicB = "<title>Bee</title><body>text of topic b</body>\n";
+    static constexpr const char* kChanged = "<title>Ay</title><body>a topic that is changed";
+    static constexpr const char* kQuestion =
+        "The current project has been modified.\r\n\r\nDo you want to save changes?";
+};
+
+TEST_F(SaveProjectTest, EditsGoToWorkingCopiesAndASaveTakesThem) {
+    Edit(kChanged);
+    Leave("p/b.htm");
+    EXPECT_EQ(folder.Read("p/a.htm"), kTopicA);
+    EXPECT_EQ(folder.Read("p/a.htm.tmp.htm"), kChanged);
+    EXPECT_EQ(Flag("a"), "1");
+    EXPECT_EQ(surface.DocumentHTML(), kTopicB);
+    Leave("p/a.htm");
+    EXPECT_EQ(surface.DocumentHTML(), kChanged) << "the working copy is what is opened";
+
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("p/a.htm"), kChanged);
+    EXPECT_EQ(folder.Read("p/b.htm"), kTopicB);
+    for (const char* copy : {"p/a.htm.tmp.htm", "p/b.htm.tmp.htm", "p/a.htm.bak"}) {
+        EXPECT_FALSE(folder.Exists(copy)) << copy;
+    }
+    EXPECT_EQ(Flag("a"), "0");
+    EXPECT_EQ(PromptSaveChanges(main), save_prompt::kNotNeeded);
+    for (const char* file : {"guide.hhp", "guide.hhp.bak", "guide.hhk", "guide.ali", "guide.h"}) {
+        EXPECT_TRUE(folder.Exists(std::string("p/") + file)) << file;
+    }
+    EXPECT_EQ(main.recent.recent_list.at(0), folder.Windows("p/guide.hhp") + "|Guide");
+    EXPECT_EQ(log_lines, std::vector<std::string>{});
+}
+
+TEST_F(SaveProjectTest, ACopyOfNoMoreThanAnEmptyPageIsNotTaken) {
+    struct Case {
+        std::size_t size;
+        bool topic_exists;
+        bool taken;
+    };
+    for (const Case& c : {Case{25, true, false}, {26, true, true}, {3, false, true}}) {
+        Edit(std::string(c.size, 'x'));
+        if (!c.topic_exists) files.DeleteFile(folder.Windows("p/a.htm"));
+        FileSave_Click(main);
+        EXPECT_EQ(folder.Read("p/a.htm") == std::string(c.size, 'x'), c.taken) << c.size;
+        EXPECT_EQ(folder.Exists("p/a.htm.tmp.htm"), !c.taken) << c.size;
+        EXPECT_EQ(Flag("a"), c.taken ? "0" : "1") << c.size;
+    }
+}
+
+TEST_F(SaveProjectTest, BackupsOfTopicsAreMadeOnlyWhenAskedFor) {
+    main.project.backup_all_html = true;
+    folder.Write("p/a.htm.bak", "older");
+    Edit(kChanged);
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("p/a.htm"), kChanged);
+    EXPECT_EQ(folder.Read("p/a.htm.bak"), kTopicA);
+}
+
+TEST_F(SaveProjectTest, ThePromptSavesDiscardsOrStays) {
+    Edit(kChanged);
+    screen.ExpectMessage(kQuestion, MessageAnswer::kCancel);
+    EXPECT_EQ(PromptSaveChanges(main), save_prompt::kCancelled);
+    screen.ExpectMessage(kQuestion, MessageAnswer::kCancel);
+    EXPECT_FALSE(Form_QueryUnload(main));
+    main.project.recent_proj = folder.Windows("p/guide.hhp");
+    screen.ExpectMessage(kQuestion, MessageAnswer::kCancel);
+    OpenProject_Click(main);
+    EXPECT_EQ(surface.DocumentHTML(), kChanged);
+
+    ASSERT_TRUE(SetDirty(main));
+    EXPECT_TRUE(folder.Exists("p/a.htm.tmp.htm"));
+    screen.ExpectMessage(kQuestion, MessageAnswer::kNo);
+    EXPECT_EQ(PromptSaveChanges(main), save_prompt::kDiscarded);
+    EXPECT_FALSE(folder.Exists("p/a.htm.tmp.htm"));
+    EXPECT_EQ(folder.Read("p/a.htm"), kTopicA);
+
+    Edit(kChanged);
+    screen.ExpectMessage(kQuestion, MessageAnswer::kYes);
+    EXPECT_TRUE(Form_QueryUnload(main));
+    EXPECT_EQ(folder.Read("p/a.htm"), kChanged);
+    main.editor.main_path.clear();
+    main.project.project_dirty = true;
+    EXPECT_EQ(PromptSaveChanges(main), save_prompt::kNotNeeded) << "no document is open";
+}
+
+TEST_F(SaveProjectTest, SupportFilesComeFromTheTemplatesAndReplaceNothing) {
+    folder.Write("share/master.js", "script");
+    folder.Write("share/htmlhelp.css", "style");
+    folder.Write("p/htmlhelp.css", "own style");
+    main.settings.Template_Dir = folder.Windows("share");
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("p/master.js"), "script");
+    EXPECT_EQ(folder.Read("p/htmlhelp.css"), "own style");
+}
+
+TEST_F(SaveProjectTest, ATemplateIsSavedToItsOwnFile) {
+    folder.Write("share/new.htm", "<title>[TITLE]</title>");
+    main.editor.new_topic_template = "True";
+    surface.LoadDocument(folder.Windows("share/new.htm"));
+    Edit("<title>[TITLE]</title> changed");
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("share/new.htm"), "<title>[TITLE]</title> changed");
+    EXPECT_FALSE(folder.Exists("share/new.htm.tmp.htm"));
+    EXPECT_EQ(folder.Read("p/a.htm"), kTopicA);
+
+    const char* question = "Do you want to save this topic template?";
+    Edit("<title>[TITLE]</title> again");
+    screen.ExpectMessage(question, MessageAnswer::kCancel);
+    Leave("p/b.htm");
+    EXPECT_EQ(surface.DocumentHTML(), "<title>[TITLE]</title> again");
+    screen.ExpectMessage(question, MessageAnswer::kYes);
+    Leave("p/b.htm");
+    EXPECT_EQ(surface.DocumentHTML(), kTopicB);
+    EXPECT_EQ(folder.Read("share/new.htm"), "<title>[TITLE]</title> again");
+    EXPECT_FALSE(IsTemplateOpen(main));
+}
+
+TEST_F(SaveProjectTest, AnEditedVersionOfARunThatEndedBadlyIsOffered) {
+    const std::string question =
+        folder.Native("p/b.htm") +
+        " was edited and not saved when the program ended the last time.\r\n\r\nDo you want to go "
+        "on with the edited version?";
+    folder.Write("p/b.htm.tmp.htm", kChanged);
+    screen.ExpectMessage(question, MessageAnswer::kNo);
+    Leave("p/b.htm");
+    EXPECT_EQ(surface.DocumentHTML(), kTopicB);
+    EXPECT_EQ(folder.Read("p/b.htm.tmp.htm.bak"), kChanged);
+    Leave("p/a.htm");
+    FileSave_Click(main);
+
+    folder.Write("p/b.htm.tmp.htm", kChanged);
+    screen.ExpectMessage(question, MessageAnswer::kYes);
+    Leave("p/b.htm");
+    EXPECT_EQ(surface.DocumentHTML(), kChanged);
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("p/b.htm"), kChanged);
+}
+
+class ForeignChange : public SaveProjectTest {
+  protected:
+    static constexpr const char* kForeign = "<title>Ay</title> what another program wrote";
+    std::string Question(const std::string& name) {
+        return folder.Native("p/" + name) +
+               " has been changed by another program since it was opened.\r\n\r\nDo you want to "
+               "replace it with your version? If not, your version stays beside it as " +
+               name + ".tmp.htm.";
+    }
+};
+
+TEST_F(ForeignChange, IsReplacedOnlyIfTheUserSaysSo) {
+    folder.Write("p/a.htm", kForeign);
+    Edit(kChanged);
+    screen.ExpectMessage(Question("a.htm"), MessageAnswer::kNo);
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("p/a.htm"), kForeign);
+    EXPECT_EQ(folder.Read("p/a.htm.tmp.htm"), kChanged);
+    screen.ExpectMessage(Question("a.htm"), MessageAnswer::kYes);
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("p/a.htm"), kChanged);
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("p/a.htm"), kChanged) << "and is not asked about again";
+}
+
+TEST_F(ForeignChange, StaysWhereNothingWasEdited) {
+    folder.Write("p/a.htm", kForeign);
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("p/a.htm"), kForeign);
+    EXPECT_FALSE(folder.Exists("p/a.htm.tmp.htm"));
+}
+
+TEST_F(ForeignChange, OfAPageThatIsNoTopicIsAskedAboutToo) {
+    folder.Write("p/extra.htm", "<p>a page that the project does not list");
+    Leave("p/extra.htm");
+    folder.Write("p/extra.htm", kForeign);
+    Edit(kChanged);
+    screen.ExpectMessage(Question("extra.htm"), MessageAnswer::kNo);
+    Leave("p/b.htm");
+    EXPECT_EQ(folder.Read("p/extra.htm"), kForeign);
+    EXPECT_EQ(folder.Read("p/extra.htm.tmp.htm"), kChanged);
+}
+
+TEST_F(SaveProjectTest, AnEditedPageThatIsNoTopicIsSavedToo) {
+    folder.Write("p/extra.htm", "<p>a page that the project does not list");
+    Leave("p/extra.htm");
+    Edit(kChanged);
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("p/extra.htm"), kChanged);
+    EXPECT_FALSE(folder.Exists("p/extra.htm.tmp.htm"));
+}
+
+TEST_F(SaveProjectTest, PropertiesReachRowTitleTagAndStore) {
+    main.window.TabStrip2.SelectedIndex = right_tab::kProperties;
+    EXPECT_EQ(main.window.EditTitle.Text(), "Ay");
+    main.window.EditTitle.Text = "New name";
+    main.window.EditAlias.Text = "IDH_NEW";
+    main.window.EditInteger.Text = "12";
+    main.window.ListKeys.AddItem("key:sub");
+    main.editor.TopicPropDirty = true;
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("p/a.htm"), "<title>New name</title><body>text of topic a</body>\r\n");
+    EXPECT_EQ(folder.Read("p/guide.ali"), "b=b.htm\r\nIDH_NEW=a.htm\r\n");
+    EXPECT_EQ(folder.Read("p/guide.h"), "#define IDH_NEW 12\r\n");
+    const ListRow& row = main.topics.ListTopics.At(main.topics.current_topic_index);
+    EXPECT_EQ(row.Text(), "New name");
+    EXPECT_EQ(row.SubItems(topic_cell::kKeywords), "key    :sub;");
+    EXPECT_EQ(main.keywords.ListKeywords.Count(), 2);
+
+    // Renamed again, respelled, and a key taken off.
+    LoadTopicProperties(main);
+    ASSERT_EQ(main.window.ListKeys.List(), std::vector<std::string>{"key:sub"});
+    main.window.EditTitle.Text = "Third";
+    main.window.ListKeys.Clear();
+    main.window.ListKeys.AddItem("key:SUB");
+    SaveTopicProperties(main);
+    const ListRow* sub =
+        main.keywords.ListKeywords.FirstWith(keyword_cell::IDX_FULLKEY, "key    :sub");
+    ASSERT_NE(sub, nullptr);
+    EXPECT_EQ(sub->SubItems(keyword_cell::IDX_TITLEPATH),
+              "Third>" + folder.Windows("p/a.htm") + ";:");
+    EXPECT_EQ(main.project.help_mode, 1);
+    main.window.ListKeys.Clear();
+    SaveTopicProperties(main);
+    EXPECT_EQ(main.keywords.ListKeywords.Count(), 0);
+}
+
+}  // namespace
+}  // namespace quorrel
