@@ -1,6 +1,7 @@
 // The open document.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace quorrel {
@@ -13,6 +14,15 @@ struct EditorState {
     bool TopicPropDirty = false;
     // A boolean kept as text: the document is a topic template.
     std::string new_topic_template = "False";
+
+    // The selection in the source (selection.hpp). Positions and lengths are in characters.
+    std::string docbuf;         // the whole document
+    std::int64_t SelStart = 0;  // 1-based in docbuf; 0: not known
+    std::int64_t SelLen = 0;
+    std::int64_t SelEnd = 0;  // the kept caret, counted from the start of the body's text
+    std::string seltext;
+    bool multi_cell_selection = false;  // it reaches the end of a table cell
+    bool DoRestoreSelection = false;    // with the next DocumentComplete
 };
 
 }  // namespace quorrel
