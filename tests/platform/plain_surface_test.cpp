@@ -444,15 +444,15 @@ TEST_F(PlainSurfaceTest, HostileSourcesAreOnlyText) {
         "<body><script>a</scr",
         "</body><body></html></body><html>",
         "<body>\xff\xc3<p \xe6>&#99999999999;&#xD800;&;&#;",
-        "<body>" + times(200000, "<b>") + "x",
-        "<body>" + times(100000, "<i>") + times(100000, "</b>") + "x",
-        "<body><p><table><td>" + times(100000, "<div>") + "x",
-        "<body>" + times(150000, "<a b=\">\"") + "x",
-        "<body>" + times(300000, "<!-") + "x",
-        "<body>" + times(200000, "<!--") + "x",
-        "<body>" + times(200000, "&amp") + "x",
+        "<body>" + times(80000, "<b>") + "x",
+        "<body>" + times(50000, "<i>") + times(50000, "</b>") + "x",
+        "<body><p><table><td>" + times(50000, "<div>") + "x",
+        "<body>" + times(70000, "<a b=\">\"") + "x",
+        "<body>" + times(150000, "<!-") + "x",
+        "<body>" + times(80000, "<!--") + "x",
+        "<body>" + times(80000, "&amp") + "x",
         "<body>" + times(60000, "<p>words &nbsp;</p>\n") + "x",
-        "<body>" + times(100000, "<object>") + "x",
+        "<body>" + times(50000, "<object>") + "x",
     };
     for (const std::string& html : documents) {
         surface.SetDocumentHTML(html);

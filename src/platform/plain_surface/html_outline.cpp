@@ -36,7 +36,7 @@ constexpr ImpliedEnd kImpliedEnds[] = {
 
 /// How far up an end tag looks for its element. Documents do not go so deep, and hostile
 /// nesting costs no more than linear time.
-constexpr std::size_t kReach = 256;
+constexpr std::size_t kReach = 128;
 
 bool IsEndTag(const HtmlToken& token, std::string_view name) {
     return token.kind == HtmlTokenKind::kEndTag && token.name == name;
