@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <unordered_map>
 
@@ -24,14 +25,21 @@ struct EditorState {
     bool TopicPropDirty = false;
     // A boolean kept as text: the document is a topic template.
     std::string new_topic_template = "False";
-    std::string docbuf;
-    bool DoRestoreSelection = false;
     bool SourceViewActive = false;    // Source1 holds the text; the surface is stale
     bool BlockFormatsLoaded = false;  // FormatSub has the block formats of the surface
 
     bool loading = false;  // LoadFile runs; an event in its waits must not begin another one
     // The topics' files as loaded since the project was opened, by their full paths.
     std::unordered_map<std::string, LoadedFile, IgnoringCaseHash, IgnoringCaseEqual> loaded;
+
+    // The selection in the source (selection.hpp). Positions and lengths are in characters.
+    std::string docbuf;         // the whole document
+    std::int64_t SelStart = 0;  // 1-based in docbuf; 0: not known
+    std::int64_t SelLen = 0;
+    std::int64_t SelEnd = 0;  // the kept caret, counted from the start of the body's text
+    std::string seltext;
+    bool multi_cell_selection = false;  // it reaches the end of a table cell
+    bool DoRestoreSelection = false;    // with the next DocumentComplete
 };
 
 }  // namespace quorrel
