@@ -58,4 +58,10 @@ bool TextFiles::WriteAndSwap(std::string_view path, std::string_view text, Backu
     return false;
 }
 
+bool TextFiles::WriteLatin1AndSwap(std::string_view path, std::string_view text, Backup backup,
+                                   const Trap& trap) {
+    encodings_[std::string(path)] = {TextEncoding::Form::kAnsi, kLatin1CodePage};
+    return WriteAndSwap(path, text, backup, trap);
+}
+
 }  // namespace quorrel

@@ -1,6 +1,7 @@
 // The keyword index of JavaHelp, Index.xml.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "contents/contents_state.hpp"
@@ -16,7 +17,19 @@ struct MainForm;
 void ReadIndexXml(std::string_view text, KeywordState& keywords, TopicTables& tables,
                   const Trap& trap);
 
+/// The map ids of the topics and aliases that the keyword leads to, each followed by ";". A target
+/// that neither table knows gives none. Raises 7 as below.
+[[nodiscard]] std::string JavaIndexTargets(const ListRow& keyword, const TopicTables& tables);
+
+/// The text of the file, in two levels. An item has one target, so each further one gets a line of
+/// its own with the number behind the text and the repeat mark. A group is closed only by a row
+/// behind it: a last row that is a sub-entry leaves its group open. Raises 7 where a long keyword
+/// with many targets would make a file beyond all bounds.
+[[nodiscard]] std::string WriteIndexXml(const ListView& ListKeywords, const TopicTables& tables);
+
 /// Fills ListKeywords from hhkfile, if there is such a file.
 void JavaReadIndex(MainForm& main);
+/// Writes hhkfile if index_dirty.
+void JavaWriteIndex(MainForm& main);
 
 }  // namespace quorrel

@@ -1,6 +1,7 @@
 // The contents file of JavaHelp, TOC.xml.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/controls/tree_view.hpp"
@@ -16,7 +17,15 @@ struct MainForm;
 /// nested too deep are logged and not placed. No escape is undone.
 void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree, const Trap& trap);
 
+/// The text of the file. Of a node only the caption, the target and the image are kept: a location
+/// without a target is lost, and a book without children becomes a page. Targets and images are
+/// written as they stand. The reader undoes none of the escapes, so "&lt;" stays as that in the
+/// caption, and is written as that again.
+[[nodiscard]] std::string WriteTocXml(const TreeView& tree);
+
 /// Fills Tree1 from hhcfile, if there is such a file.
 void JavaReadTOC(MainForm& main);
+/// Writes hhcfile if toc_dirty.
+void JavaWriteTOC(MainForm& main);
 
 }  // namespace quorrel
