@@ -137,6 +137,21 @@ TEST(TocWriter, WritesBooksAndPages) {
                        "     </tocitem>\n</toc>\n"));
 }
 
+TEST(TocWriter, ACaptionThatNamesAnAttributeGetsTheValueBehindIt) {
+    // The reader takes the first place of a name on the line, and the next "=" from there.
+    TreeView tree;
+    AddNode(tree, &AddNode(tree, nullptr, "Images", ""), "Map an image", "a");
+    AddNode(tree, &tree.At(1), "The target", "a", "icon");
+    TreeView read;
+    ErrorLog log([](std::string_view) {});
+    ReadTocXml(WriteTocXml(tree), {}, read, Trap(log, "test: "));
+    const Lines tags{PackNodeData("", "", "<ON>"), PackNodeData("", "a", "a"),
+                     PackNodeData("", "icon", "icon")};
+    for (int i = 1; i <= 3; ++i) {
+        EXPECT_EQ(read.At(i).Tag, tags[static_cast<std::size_t>(i - 1)]);
+    }
+}
+
 class IndexWriter : public testing::Test {
   protected:
     IndexWriter() {
@@ -356,6 +371,10 @@ TEST_F(XmlParser, TakesTheFilesButWhereTheFormatsLeaveXml) {
     WriteAll();
     EXPECT_EQ(NotWellFormed(), "guideIndex.xml ") << "the last group stays open";
     keywords.ListKeywords.Clear();
+    main.contents.Tree1.At(1).Tag = PackNodeData("", "", "<ON>");
+    WriteAll();
+    EXPECT_EQ(NotWellFormed(), "guideTOC.xml ") << "what the reader makes of the caption Images";
+    main.contents.Tree1.At(1).Tag.clear();
     AddKeyword(keywords.ListKeywords, "R & D", "");
     main.contents.Tree1.At(1).Text = "R & D";
     AddTopic(main.topics, "T", "rd", folder.Windows("r&d.htm"));
