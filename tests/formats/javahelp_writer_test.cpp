@@ -232,14 +232,11 @@ TEST_F(IndexWriter, ATopicWithoutAnIdLeavesItsLineWithoutATarget) {
 
 TEST_F(IndexWriter, RefusesAFileBeyondAllBounds) {
     ListView ListKeywords{3};
-    std::string targets;
-    for (int i = 0; i < 2000; ++i) targets += kTargets.at('a');
-    AddKeyword(ListKeywords, std::string(400'000, 'k'), targets);
-    EXPECT_THROW((void)WriteIndexXml(ListKeywords, tables), RuntimeError);
-    ListKeywords.Clear();
-    AddKeyword(ListKeywords, "k", targets);
-    tables.ListTopics.At(1).SetSubItem(topic_cell::kMapId, std::string(400'000, 'a'));
-    EXPECT_THROW((void)WriteIndexXml(ListKeywords, tables), RuntimeError);
+    AddKeyword(ListKeywords, std::string(400, 'k'), kTargets.at('a') + kTargets.at('a'));
+    EXPECT_NO_THROW((void)WriteIndexXml(ListKeywords, tables, 2000));
+    EXPECT_THROW((void)WriteIndexXml(ListKeywords, tables, 800), RuntimeError);
+    tables.ListTopics.At(1).SetSubItem(topic_cell::kMapId, std::string(900, 'a'));
+    EXPECT_THROW((void)JavaIndexTargets(ListKeywords.At(1), tables, 800), RuntimeError);
 }
 
 class JavaHelpFiles : public test::ProjectFixture {
@@ -254,8 +251,8 @@ class JavaHelpFiles : public test::ProjectFixture {
         AddNode(main.contents.Tree1, nullptr, kCaption, "a");
         AddKeyword(main.keywords.ListKeywords, "key", "A>" + folder.Windows("html\\a.htm") + ";:");
     }
-    void WriteAll() {
-        main.contents.toc_dirty = main.keywords.index_dirty = true;
+    void WriteAll(bool changed = true) {
+        main.contents.toc_dirty = main.keywords.index_dirty = changed;
         JavaWriteTOC(main);
         JavaWriteIndex(main);
         JavaWriteMapFile(main);
@@ -268,6 +265,9 @@ class JavaHelpFiles : public test::ProjectFixture {
 };
 
 TEST_F(JavaHelpFiles, AreNamedByTheProjectAndReadBack) {
+    WriteAll(false);
+    EXPECT_FALSE(folder.Exists("guideTOC.xml") || folder.Exists("guideIndex.xml"));
+    for (const char* file : {"guide.hs", "guide.jhm"}) files.DeleteFile(folder.Windows(file));
     WriteAll();
     EXPECT_EQ(log_lines, Lines{});
     EXPECT_FALSE(main.contents.toc_dirty || main.keywords.index_dirty);
@@ -284,15 +284,6 @@ TEST_F(JavaHelpFiles, AreNamedByTheProjectAndReadBack) {
     EXPECT_EQ(main.contents.Tree1.At(1).Tag, PackNodeData(folder.Windows("html\\a.htm"), "a", ""));
     EXPECT_EQ(main.keywords.ListKeywords.At(1).SubItems(keyword_cell::IDX_TITLEPATH),
               "A>" + folder.Windows("html\\a.htm") + ";:");
-}
-
-TEST_F(JavaHelpFiles, AreWrittenOnlyWhenChangedButForMapAndHelpSet) {
-    JavaWriteTOC(main);
-    JavaWriteIndex(main);
-    JavaWriteMapFile(main);
-    JavaWriteHelpSetFile(main);
-    EXPECT_FALSE(folder.Exists("guideTOC.xml") || folder.Exists("guideIndex.xml"));
-    EXPECT_TRUE(folder.Exists("guide.jhm") && folder.Exists("guide.hs"));
 }
 
 TEST_F(JavaHelpFiles, HaveABackupButTheContents) {

@@ -88,28 +88,26 @@ bool HoldsSubKeyOf(std::string_view full_key, std::string_view main_key) {
     return false;
 }
 
-/// A keyword's text stands again before each of its targets, a map id wherever it is one: a file
-/// made for it could fill the memory.
-void CheckSize(std::size_t bytes) {
-    constexpr std::size_t kLargest = std::size_t{512} << 20;
-    if (bytes > kLargest) throw RuntimeError(run_time_error::kOutOfMemory);
+void CheckSize(std::size_t bytes, std::size_t largest) {
+    if (bytes > largest) throw RuntimeError(run_time_error::kOutOfMemory);
 }
 
 class IndexWriter {
   public:
-    explicit IndexWriter(const TopicTables& tables) : tables_(tables) {}
+    IndexWriter(const TopicTables& tables, std::size_t largest)
+        : tables_(tables), largest_(largest) {}
 
     void WriteItem(const ListRow& row, bool has_children, int level) {
         const std::string start =
             ItemIndent(level) + "<indexitem text=\"" + EscapedItemText(row.Text());
-        const std::string targets = JavaIndexTargets(row, tables_);
+        const std::string targets = JavaIndexTargets(row, tables_, largest_);
         if (targets.empty()) AppendLine(text_, {start, "\"", has_children ? ">" : "/>"});
         std::string_view rest = targets;
         for (int number = 1; !rest.empty(); ++number) {
             const std::size_t end = rest.find(';');
             const std::string_view id = rest.substr(0, end);
             rest.remove_prefix(end + 1);
-            CheckSize(text_.size() + start.size() + id.size());
+            CheckSize(text_.size() + start.size() + id.size(), largest_);
             // Only the last line opens the group, though it is a repeat.
             const bool opens = has_children && rest.empty();
             const std::string repeat = number == 1 ? "" : " (" + std::to_string(number) + ")";
@@ -125,6 +123,7 @@ class IndexWriter {
 
   private:
     const TopicTables& tables_;
+    std::size_t largest_;
     std::string text_ = JavaHelpHead("index", "Index");
 };
 
@@ -137,12 +136,13 @@ void ReadIndexXml(std::string_view text, KeywordState& keywords, TopicTables& ta
     while (!lines.AtEnd()) reader.TakeLine(lines.ReadLine());
 }
 
-std::string JavaIndexTargets(const ListRow& keyword, const TopicTables& tables) {
+std::string JavaIndexTargets(const ListRow& keyword, const TopicTables& tables,
+                             std::size_t largest) {
     constexpr std::string_view kGroupEnd = ";:";
     std::string ids;
     std::string_view targets = keyword.SubItems(keyword_cell::IDX_TITLEPATH);
     while (!targets.empty()) {
-        CheckSize(ids.size());
+        CheckSize(ids.size(), largest);
         const std::size_t end = targets.find(kGroupEnd);
         // The last ">", as a title may hold one and a path does not.
         const std::string_view path = AfterLast(targets.substr(0, end), '>');
@@ -158,8 +158,9 @@ std::string JavaIndexTargets(const ListRow& keyword, const TopicTables& tables) 
     return ids;
 }
 
-std::string WriteIndexXml(const ListView& ListKeywords, const TopicTables& tables) {
-    IndexWriter writer(tables);
+std::string WriteIndexXml(const ListView& ListKeywords, const TopicTables& tables,
+                          std::size_t largest) {
+    IndexWriter writer(tables, largest);
     const int count = ListKeywords.Count();
     const auto key = [&](int i) -> const std::string& {
         return ListKeywords.At(i).SubItems(keyword_cell::IDX_FULLKEY);

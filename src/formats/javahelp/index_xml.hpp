@@ -1,6 +1,7 @@
 // The keyword index of JavaHelp, Index.xml.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -17,15 +18,20 @@ struct MainForm;
 void ReadIndexXml(std::string_view text, KeywordState& keywords, TopicTables& tables,
                   const Trap& trap);
 
-/// The map ids of the topics and aliases that the keyword leads to, each followed by ";". A target
-/// that neither table knows gives none. Raises 7 as below.
-[[nodiscard]] std::string JavaIndexTargets(const ListRow& keyword, const TopicTables& tables);
+/// A keyword's text stands again before each of its targets, a map id wherever it is one, so a file
+/// made for it could fill the memory. Beyond this many bytes the two below raise 7.
+inline constexpr std::size_t kLargestIndex = std::size_t{512} << 20;
+
+/// The map ids of the topics and aliases that the keyword leads to, each followed by ";". Only a
+/// path with "#" is looked for among the aliases. A target that its table lacks gives none.
+[[nodiscard]] std::string JavaIndexTargets(const ListRow& keyword, const TopicTables& tables,
+                                           std::size_t largest = kLargestIndex);
 
 /// The text of the file, in two levels. An item has one target, so each further one gets a line of
 /// its own with the number behind the text and the repeat mark. A group is closed only by a row
-/// behind it: a last row that is a sub-entry leaves its group open. Raises 7 where a long keyword
-/// with many targets would make a file beyond all bounds.
-[[nodiscard]] std::string WriteIndexXml(const ListView& ListKeywords, const TopicTables& tables);
+/// behind it: a last row that is a sub-entry leaves its group open.
+[[nodiscard]] std::string WriteIndexXml(const ListView& ListKeywords, const TopicTables& tables,
+                                        std::size_t largest = kLargestIndex);
 
 /// Fills ListKeywords from hhkfile, if there is such a file.
 void JavaReadIndex(MainForm& main);
