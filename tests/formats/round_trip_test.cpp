@@ -30,12 +30,13 @@ class RoundTrip : public testing::TestWithParam<bool> {
     int Below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
 
     std::string Word() {
-        // A letter of ISO-8859-1, letters beyond, a dash of its Windows relative. Two such dashes
-        // behind the letter are valid UTF-8, as which a file without a declaration is read.
+        // A letter of ISO-8859-1, letters beyond, a control character whose byte is a dash in
+        // its Windows relative, and that dash. Two such dashes behind the letter are valid UTF-8,
+        // as which a file without a declaration is read.
         static const std::vector<std::string> kPieces{
-            "a",           "B", " c", "&",  "'",        ";",        ",",
-            "=",           "/", "\\", "&l", "\xC3\xA9", "\xD0\x96", "\xF0\x9F\x98\x80",
-            "\xE2\x80\x93"};
+            "a",        "B",           " c", "&",  "'",        ";",        ",",
+            "=",        "/",           "\\", "&l", "\xC3\xA9", "\xD0\x96", "\xF0\x9F\x98\x80",
+            "\xC2\x96", "\xE2\x80\x93"};
         const int choices = static_cast<int>(kPieces.size()) - (IsJava() ? 0 : 1);
         std::string word = "w";
         for (int n = Below(6); n > 0; --n)
