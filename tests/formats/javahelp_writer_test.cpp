@@ -309,6 +309,7 @@ TEST_F(JavaHelpFiles, ThatCannotBeWrittenAreLoggedAndTheOldOnesStay) {
     WriteAll();
     for (const char* file : kFiles) EXPECT_EQ(folder.Read(file), "before") << file;
     EXPECT_TRUE(folder.Exists("guideTOC.xml.bak"));
+    EXPECT_TRUE(main.contents.toc_dirty && main.keywords.index_dirty);
     ASSERT_EQ(log_lines.size(), 4U);
     const Lines labels{"MainForm JavaWriteTOC: ", "MainForm JavaWriteIndex: ",
                        "MainForm JavaWriteMapFile: ", "MainForm JavaWriteHelpSetFile: "};

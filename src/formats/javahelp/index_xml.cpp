@@ -199,13 +199,13 @@ void JavaReadIndex(MainForm& main) {
 
 void JavaWriteIndex(MainForm& main) {
     if (!main.keywords.index_dirty) return;
-    main.keywords.index_dirty = false;
     const Trap trap(main.log, "MainForm JavaWriteIndex: ");
     std::string& file = main.project.hhkfile;
     if (file.empty()) file = std::string(BaseName(main.project.proj)) + "Index.xml";
     std::string text;
     if (!trap([&] { text = WriteIndexXml(main.keywords.ListKeywords, main.topics); })) return;
-    main.texts.WriteLatin1AndSwap(file, text, Backup::kKept, trap);
+    // What could not be written is written by the next save.
+    main.keywords.index_dirty = !main.texts.WriteLatin1AndSwap(file, text, Backup::kKept, trap);
 }
 
 }  // namespace quorrel

@@ -35,7 +35,7 @@ inline constexpr std::size_t kLargestIndex = std::size_t{512} << 20;
 
 /// Fills ListKeywords from hhkfile, if there is such a file.
 void JavaReadIndex(MainForm& main);
-/// Writes hhkfile if index_dirty.
+/// Writes hhkfile if index_dirty, which is cleared unless that fails.
 void JavaWriteIndex(MainForm& main);
 
 }  // namespace quorrel

@@ -86,13 +86,14 @@ void JavaReadTOC(MainForm& main) {
 
 void JavaWriteTOC(MainForm& main) {
     if (!main.contents.toc_dirty) return;
-    main.contents.toc_dirty = false;
     const Trap trap(main.log, "MainForm JavaWriteTOC: ");
     std::string& file = main.project.hhcfile;
     if (file.empty()) file = std::string(BaseName(main.project.proj)) + "TOC.xml";
     const bool replaces = main.files.FileExists(file);
     const std::string text = WriteTocXml(main.contents.Tree1);
-    if (!main.texts.WriteLatin1AndSwap(file, text, Backup::kNone, trap) || !replaces) return;
+    // What could not be written is written by the next save.
+    main.contents.toc_dirty = !main.texts.WriteLatin1AndSwap(file, text, Backup::kNone, trap);
+    if (main.contents.toc_dirty || !replaces) return;
     // Unlike all other files this one gets no backup: the old file goes first, then an earlier
     // backup, and then the old file would become the backup. That it is gone by then is logged, at
     // each save.

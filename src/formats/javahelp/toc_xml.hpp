@@ -26,7 +26,7 @@ void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree
 
 /// Fills Tree1 from hhcfile, if there is such a file.
 void JavaReadTOC(MainForm& main);
-/// Writes hhcfile if toc_dirty.
+/// Writes hhcfile if toc_dirty, which is cleared unless that fails.
 void JavaWriteTOC(MainForm& main);
 
 }  // namespace quorrel
