@@ -182,6 +182,19 @@ class Utf8CodePage : public CodePage {
     }
 };
 
+class Latin1CodePage : public CodePage {
+  public:
+    [[nodiscard]] std::string Decode(std::string_view bytes) const override {
+        return Get(kWesternCodePage).Decode(bytes);
+    }
+
+    bool Encode(char32_t c, std::string& bytes) const override {
+        if (c < 0xA0 || c > 0xFF) return false;
+        bytes += static_cast<char>(c);
+        return true;
+    }
+};
+
 struct Language {
     unsigned primary;  // the low ten bits of a Windows language number
     const char* code;  // ISO 639
@@ -244,6 +257,8 @@ const CodePage& CodePage::Get(int number) {
     if (page == nullptr) {
         if (number == kUtf8CodePage) {
             page = std::make_unique<Utf8CodePage>();
+        } else if (number == kLatin1CodePage) {
+            page = std::make_unique<Latin1CodePage>();
         } else {
             page = std::make_unique<TableCodePage>(number);
         }

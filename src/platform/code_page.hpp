@@ -9,6 +9,9 @@ namespace quorrel {
 
 inline constexpr int kWesternCodePage = 1252;
 inline constexpr int kUtf8CodePage = 65001;
+/// ISO-8859-1. Its bytes are read as those of the western code page, as browsers do; written are
+/// only characters whose bytes mean the same in both.
+inline constexpr int kLatin1CodePage = 28591;
 
 /// A byte without a meaning in its encoding is kept as the code point kLoneByte + byte, so that
 /// it comes back as the same byte when the text is written.

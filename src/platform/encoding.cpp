@@ -149,7 +149,11 @@ DecodedText DecodeXmlText(std::string bytes, int code_page) {
     if (found.form != Form::kAnsi && found.form != Form::kUtf8) {
         return {DecodeText(bytes, found), found};
     }
-    const int declared = CodePageOfCharset(DeclaredXmlEncoding(bytes));
+    const std::string_view name = DeclaredXmlEncoding(bytes);
+    // Not the western page that its name means elsewhere: a reference to one of that page's
+    // additions, a dash say, is needed in a file that keeps to the declaration.
+    const int declared =
+        UpperAscii(name) == "ISO-8859-1" ? kLatin1CodePage : CodePageOfCharset(name);
     if (declared == 0) return DecodeProjectText(std::move(bytes), code_page);
     if (declared == kUtf8CodePage) {
         const TextEncoding utf8{Form::kUtf8, code_page};

@@ -29,6 +29,12 @@ std::string TextFiles::ReadXml(std::string_view path) {
     return DecodeXmlText(files_.ReadFile(path), code_page_).text;
 }
 
+bool TextFiles::WriteLatin1AndSwap(std::string_view path, std::string_view text, Backup backup,
+                                   const Trap& trap) {
+    encodings_[std::string(path)] = {TextEncoding::Form::kAnsi, kLatin1CodePage};
+    return WriteAndSwap(path, text, backup, trap);
+}
+
 std::string TextFiles::Encoded(std::string_view path, std::string_view text) const {
     const auto known = encodings_.find(path);
     if (known != encodings_.end()) return EncodeProjectText(text, known->second);

@@ -50,6 +50,10 @@ class TextFiles {
     bool WriteAndSwap(std::string_view path, std::string_view text, Backup backup,
                       const Trap& trap);
 
+    /// The same for an XML file whose head says ISO-8859-1, whatever its encoding was before.
+    bool WriteLatin1AndSwap(std::string_view path, std::string_view text, Backup backup,
+                            const Trap& trap);
+
     [[nodiscard]] FileSystem& Files() const { return files_; }
 
   private:

@@ -6,6 +6,7 @@
 #include "formats/javahelp/index_xml.hpp"
 #include "formats/javahelp/jhm.hpp"
 #include "formats/javahelp/toc_xml.hpp"
+#include "formats/javahelp/xml_items.hpp"
 #include "platform/text.hpp"
 #include "platform/text_lines.hpp"
 #include "project/paths.hpp"
@@ -73,6 +74,22 @@ void TakeViews(std::string_view text, ProjectState& project) {
     }
 }
 
+/// `data` is the whole element.
+void AppendView(std::string& text, std::string_view name, std::string_view label,
+                std::string_view type, std::string_view data) {
+    AppendLine(text, {"<view>"});
+    AppendLine(text, {"    <name>", name, "</name>"});
+    AppendLine(text, {"    <label>", label, "</label>"});
+    AppendLine(text, {"    <type>javax.help.", type, "</type>"});
+    AppendLine(text, {"    ", data});
+    AppendLine(text, {"</view>"});
+    AppendLine(text, {});
+}
+
+std::string DataOfFile(std::string_view file, std::string_view proj) {
+    return "<data>" + MakeRelPathRel(file, proj) + "</data>";
+}
+
 }  // namespace
 
 void ReadHelpSet(std::string_view text, ProjectState& project) {
@@ -89,6 +106,35 @@ void ReadHelpSet(std::string_view text, ProjectState& project) {
     project.hhkfile = MakeFullPath(project.hhkfile, project.proj_path);
 }
 
+std::string WriteHelpSet(const ProjectState& project, bool has_contents, bool has_keywords) {
+    std::string text = JavaHelpHead("helpset", "HelpSet");
+    AppendLine(text, {"<!-- title -->"});
+    AppendLine(text, {"<title>", project.project_title, "</title>"});
+    AppendLine(text, {});
+    AppendLine(text, {"<!-- maps -->"});
+    AppendLine(text, {"<maps>"});
+    AppendLine(text, {"    <homeID>", project.project_def_topic, "</homeID>"});
+    AppendLine(text, {"    <mapref location=\"",
+                      MakeRelPathRel(project.java_map_file, project.proj), "\" />"});
+    AppendLine(text, {"</maps>"});
+    AppendLine(text, {});
+    AppendLine(text, {"<!-- views -->"});
+    if (has_contents) {
+        AppendView(text, "TOC", "Table Of Contents", "TOCView",
+                   DataOfFile(project.hhcfile, project.proj));
+    }
+    if (has_keywords) {
+        AppendView(text, "Index", "Index", "IndexView", DataOfFile(project.hhkfile, project.proj));
+    }
+    if (project.javahelp_do_fts) {
+        AppendView(text, "Search", "Search", "SearchView",
+                   "<data engine=\"com.sun.java.help.search.DefaultSearchEngine\">\r\n"
+                   "     JavaHelpSearch</data>");
+    }
+    AppendLine(text, {"</helpset>"});
+    return text;
+}
+
 void ReadJavaHelpSet(MainForm& main) {
     const Trap trap(main.log, "MainForm ReadJavaHelpSet: ");
     main.window.StatusBar1.SetPanel(1, "Reading HelpSet File...");
@@ -103,6 +149,13 @@ void ReadJavaHelpSet(MainForm& main) {
     main.contents.toc_dirty = false;
     main.keywords.index_dirty = false;
     main.project.project_dirty = false;
+}
+
+void JavaWriteHelpSetFile(MainForm& main) {
+    const Trap trap(main.log, "MainForm JavaWriteHelpSetFile: ");
+    const std::string text = WriteHelpSet(main.project, main.contents.Tree1.Count() > 0,
+                                          main.keywords.ListKeywords.Count() > 0);
+    main.texts.WriteLatin1AndSwap(main.project.proj, text, Backup::kKept, trap);
 }
 
 }  // namespace quorrel

@@ -14,7 +14,16 @@ struct MainForm;
 /// is a search view from `text`. What the HelpSet does not say stays as it is in `project`.
 void ReadHelpSet(std::string_view text, ProjectState& project);
 
+/// The text of the file, all of it: what a HelpSet read from elsewhere had beside is not kept.
+/// There is a view for each of contents and index that has entries, and for the search if
+/// javahelp_do_fts. Nothing is escaped, and paths below the project's folder keep their
+/// backslashes, unlike those of the map.
+[[nodiscard]] std::string WriteHelpSet(const ProjectState& project, bool has_contents,
+                                       bool has_keywords);
+
 /// Reads `proj` and the files that it names, and opens the first topic.
 void ReadJavaHelpSet(MainForm& main);
+/// Writes `proj`, changed or not. It goes last: the other writers name files that have no name yet.
+void JavaWriteHelpSetFile(MainForm& main);
 
 }  // namespace quorrel

@@ -6,6 +6,7 @@
 #include "platform/text_budget.hpp"
 #include "platform/text_lines.hpp"
 #include "project/keyword_cell.hpp"
+#include "project/paths.hpp"
 #include "project/tag_value.hpp"
 
 namespace quorrel {
@@ -14,6 +15,7 @@ namespace {
 /// Stands behind a line that repeats the keyword before for a further target. As the file is
 /// written, the whole comment closes it; only its beginning is looked for.
 constexpr std::string_view kRepeatMark = "<!-- QR IMULT";
+constexpr std::string_view kRepeatComment = " <!-- QR IMULT -->";
 
 std::string UndoEscapes(std::string_view text) {
     return ReplaceAll(ReplaceAll(ReplaceAll(text, "&lt;", "<"), "&gt;", ">"), "%22", "\"");
@@ -77,6 +79,54 @@ class IndexReader {
     std::string parent_;
 };
 
+/// Whether a sub-key of `main_key` stands anywhere in `full_key`; not only at its beginning.
+bool HoldsSubKeyOf(std::string_view full_key, std::string_view main_key) {
+    for (std::size_t at = full_key.find(kSubKeyMark); at != npos;
+         at = full_key.find(kSubKeyMark, at + 1)) {
+        if (full_key.substr(0, at).ends_with(main_key)) return true;
+    }
+    return false;
+}
+
+void CheckSize(std::size_t bytes, std::size_t largest) {
+    if (bytes > largest) throw RuntimeError(run_time_error::kOutOfMemory);
+}
+
+class IndexWriter {
+  public:
+    IndexWriter(const TopicTables& tables, std::size_t largest)
+        : tables_(tables), largest_(largest) {}
+
+    void WriteItem(const ListRow& row, bool has_children, int level) {
+        const std::string start =
+            ItemIndent(level) + "<indexitem text=\"" + EscapedItemText(row.Text());
+        const std::string targets = JavaIndexTargets(row, tables_, largest_);
+        if (targets.empty()) AppendLine(text_, {start, "\"", has_children ? ">" : "/>"});
+        std::string_view rest = targets;
+        for (int number = 1; !rest.empty(); ++number) {
+            const std::size_t end = rest.find(';');
+            const std::string_view id = rest.substr(0, end);
+            rest.remove_prefix(end + 1);
+            CheckSize(text_.size() + start.size() + id.size(), largest_);
+            // Only the last line opens the group, though it is a repeat.
+            const bool opens = has_children && rest.empty();
+            const std::string repeat = number == 1 ? "" : " (" + std::to_string(number) + ")";
+            AppendLine(text_, {start, repeat, "\"", ItemAttribute("target", id), opens ? ">" : "/>",
+                               number == 1 ? "" : kRepeatComment});
+        }
+    }
+    void CloseGroup() { AppendLine(text_, {"</indexitem>"}); }
+    [[nodiscard]] std::string Finish() {
+        AppendLine(text_, {"</index>"});
+        return std::move(text_);
+    }
+
+  private:
+    const TopicTables& tables_;
+    std::size_t largest_;
+    std::string text_ = JavaHelpHead("index", "Index");
+};
+
 }  // namespace
 
 void ReadIndexXml(std::string_view text, KeywordState& keywords, TopicTables& tables,
@@ -84,6 +134,55 @@ void ReadIndexXml(std::string_view text, KeywordState& keywords, TopicTables& ta
     IndexReader reader(keywords, tables, trap);
     TextLines lines(text);
     while (!lines.AtEnd()) reader.TakeLine(lines.ReadLine());
+}
+
+std::string JavaIndexTargets(const ListRow& keyword, const TopicTables& tables,
+                             std::size_t largest) {
+    constexpr std::string_view kGroupEnd = ";:";
+    std::string ids;
+    std::string_view targets = keyword.SubItems(keyword_cell::IDX_TITLEPATH);
+    while (!targets.empty()) {
+        CheckSize(ids.size(), largest);
+        const std::size_t end = targets.find(kGroupEnd);
+        // The last ">", as a title may hold one and a path does not.
+        const std::string_view path = AfterLast(targets.substr(0, end), '>');
+        targets.remove_prefix(end == npos ? targets.size() : end + kGroupEnd.size());
+        if (Contains(path, "#")) {
+            const ListRow* alias = tables.ListAliases.FirstWith(alias_cell::kPath, path);
+            if (alias != nullptr) ids.append(alias->Text()).append(";");
+        } else {
+            const ListRow* topic = tables.ListTopics.FirstWith(topic_cell::kFullPath, path);
+            if (topic != nullptr) ids.append(topic->SubItems(topic_cell::kMapId)).append(";");
+        }
+    }
+    return ids;
+}
+
+std::string WriteIndexXml(const ListView& ListKeywords, const TopicTables& tables,
+                          std::size_t largest) {
+    IndexWriter writer(tables, largest);
+    const int count = ListKeywords.Count();
+    const auto key = [&](int i) -> const std::string& {
+        return ListKeywords.At(i).SubItems(keyword_cell::IDX_FULLKEY);
+    };
+    int level = 1;
+    std::string main_key = count > 0 ? key(1) : std::string();
+    for (int i = 1; i < count; ++i) {
+        const ListRow& row = ListKeywords.At(i);
+        if (level == 1 && HoldsSubKeyOf(key(i + 1), key(i))) {
+            writer.WriteItem(row, true, 1);
+            main_key = key(i);
+            level = 2;
+            continue;
+        }
+        writer.WriteItem(row, false, level);
+        if (HoldsSubKeyOf(key(i + 1), main_key)) continue;
+        if (level == 2) writer.CloseGroup();
+        main_key = key(i);
+        level = 1;
+    }
+    if (count > 0) writer.WriteItem(ListKeywords.At(count), false, level);
+    return writer.Finish();
 }
 
 void JavaReadIndex(MainForm& main) {
@@ -96,6 +195,17 @@ void JavaReadIndex(MainForm& main) {
         ReadIndexXml(text, main.keywords, main.topics, trap);
     }
     main.window.StatusBar1.SetPanel(1, "");
+}
+
+void JavaWriteIndex(MainForm& main) {
+    if (!main.keywords.index_dirty) return;
+    const Trap trap(main.log, "MainForm JavaWriteIndex: ");
+    std::string& file = main.project.hhkfile;
+    if (file.empty()) file = std::string(BaseName(main.project.proj)) + "Index.xml";
+    std::string text;
+    if (!trap([&] { text = WriteIndexXml(main.keywords.ListKeywords, main.topics); })) return;
+    // What could not be written is written by the next save.
+    main.keywords.index_dirty = !main.texts.WriteLatin1AndSwap(file, text, Backup::kKept, trap);
 }
 
 }  // namespace quorrel

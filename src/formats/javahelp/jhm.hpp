@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/controls/list_view.hpp"
+#include "project/project_state.hpp"
 
 namespace quorrel {
 
@@ -20,7 +21,14 @@ using TitleOfTopic = std::function<std::optional<std::string>(const std::string&
 void ReadMap(std::string_view text, std::string_view proj_path, ListView& ListTopics,
              ListView& ListAliases, const TitleOfTopic& title_of_topic);
 
+/// The text of the file: images, topics, then everything else, each in the order of its table.
+/// Addresses are relative to `proj`, with slashes. Nothing is escaped, and titles are not kept. An
+/// image is what has ".gif" or ".jpg" anywhere in its path, also a place in a topic.
+[[nodiscard]] std::string WriteMap(const TopicTables& tables, std::string_view proj);
+
 /// Reads java_map_file; the tables are not cleared.
 void ReadJavaMapFile(MainForm& main);
+/// Writes java_map_file, changed or not.
+void JavaWriteMapFile(MainForm& main);
 
 }  // namespace quorrel

@@ -7,6 +7,7 @@
 #include "platform/text.hpp"
 #include "platform/text_budget.hpp"
 #include "platform/text_lines.hpp"
+#include "project/paths.hpp"
 #include "project/tag_value.hpp"
 
 namespace quorrel {
@@ -19,6 +20,18 @@ std::string LocationOfTarget(const TopicTables& tables, std::string_view target)
     }
     const ListRow* alias = tables.ListAliases.FirstWithExactly(0, target);
     return alias == nullptr ? std::string() : alias->SubItems(alias_cell::kPath);
+}
+
+void WriteNode(std::string& text, const TreeNode& node, int level) {
+    const std::string indent = ItemIndent(level);
+    const NodeData data = UnpackNodeData(node.Tag);
+    const bool is_book = node.Children() > 0;
+    AppendLine(text, {indent, "<tocitem text=\"", EscapedItemText(node.Text), "\"",
+                      ItemAttribute("image", data.extra), ItemAttribute("target", data.target),
+                      is_book ? ">" : "/>"});
+    if (!is_book) return;
+    for (int row = 0; row < node.Children(); ++row) WriteNode(text, *node.ChildAt(row), level + 1);
+    AppendLine(text, {indent, "</tocitem>"});
 }
 
 }  // namespace
@@ -54,6 +67,13 @@ void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree
     }
 }
 
+std::string WriteTocXml(const TreeView& tree) {
+    std::string text = JavaHelpHead("toc", "TOC");
+    for (const TreeNode* root : tree.Roots()) WriteNode(text, *root, 1);
+    AppendLine(text, {"</toc>"});
+    return text;
+}
+
 void JavaReadTOC(MainForm& main) {
     const Trap trap(main.log, "MainForm JavaReadTOC: ");
     main.window.StatusBar1.SetPanel(1, "Reading Table of Contents...");
@@ -62,6 +82,24 @@ void JavaReadTOC(MainForm& main) {
     std::string text;
     if (!trap([&] { text = main.texts.ReadXml(main.project.hhcfile); })) return;
     ReadTocXml(text, main.topics, main.contents.Tree1, trap);
+}
+
+void JavaWriteTOC(MainForm& main) {
+    if (!main.contents.toc_dirty) return;
+    const Trap trap(main.log, "MainForm JavaWriteTOC: ");
+    std::string& file = main.project.hhcfile;
+    if (file.empty()) file = std::string(BaseName(main.project.proj)) + "TOC.xml";
+    const bool replaces = main.files.FileExists(file);
+    const std::string text = WriteTocXml(main.contents.Tree1);
+    // What could not be written is written by the next save.
+    main.contents.toc_dirty = !main.texts.WriteLatin1AndSwap(file, text, Backup::kNone, trap);
+    if (main.contents.toc_dirty || !replaces) return;
+    // Unlike all other files this one gets no backup: the old file goes first, then an earlier
+    // backup, and then the old file would become the backup. That it is gone by then is logged, at
+    // each save.
+    const std::string backup = file + ".bak";
+    if (main.files.FileExists(backup)) main.files.DeleteFile(backup);
+    trap([] { throw RuntimeError(run_time_error::kFileNotFound); });
 }
 
 }  // namespace quorrel

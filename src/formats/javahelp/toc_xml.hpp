@@ -1,6 +1,7 @@
 // The contents file of JavaHelp, TOC.xml.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/controls/tree_view.hpp"
@@ -13,10 +14,19 @@ struct MainForm;
 
 /// Appends the items of `text` to `tree`. A target is looked for among the topics, then among the
 /// aliases, with its exact case; one that neither knows keeps its id without a location. Items
-/// nested too deep are logged and not placed. No escape is undone.
+/// nested too deep are logged and not placed. No escape is undone. A caption with "image" or
+/// "target" in it hides the attribute of that name: the next value on the line is taken for it.
 void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree, const Trap& trap);
+
+/// The text of the file. Of a node only the caption, the target and the image are kept: a location
+/// without a target is lost, and a book without children becomes a page. Targets and images are
+/// written as they stand. The reader undoes none of the escapes, so "&lt;" stays as that in the
+/// caption, and is written as that again.
+[[nodiscard]] std::string WriteTocXml(const TreeView& tree);
 
 /// Fills Tree1 from hhcfile, if there is such a file.
 void JavaReadTOC(MainForm& main);
+/// Writes hhcfile if toc_dirty, which is cleared unless that fails.
+void JavaWriteTOC(MainForm& main);
 
 }  // namespace quorrel

@@ -1,6 +1,8 @@
-// What the contents and the index file of JavaHelp share: items on lines of their own.
+// What the files of JavaHelp share: their head, and the items on lines of their own of the contents
+// and the index.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -13,5 +15,23 @@ namespace quorrel {
 /// The "text" attribute of an item's line; without one what stands between the first ">" and the
 /// next "<"; without that "Untitled".
 [[nodiscard]] std::string ItemText(std::string_view line);
+
+/// Appends `parts` and a line end.
+void AppendLine(std::string& text, std::initializer_list<std::string_view> parts);
+
+/// The lines up to the root element's tag and an empty one. `type` is the element's name in the
+/// public identifier.
+[[nodiscard]] std::string JavaHelpHead(std::string_view element, std::string_view type);
+
+/// Five blanks a level.
+[[nodiscard]] std::string ItemIndent(int level);
+
+/// A caption or keyword as it goes into the "text" attribute: without blanks at the left, angle
+/// brackets and double quotes escaped. "&" stays as it is, so the file is not always well-formed
+/// XML; a quote becomes "%22", which viewers show as that.
+[[nodiscard]] std::string EscapedItemText(std::string_view text);
+
+/// A blank and the attribute, its value as it stands; nothing for an empty value.
+[[nodiscard]] std::string ItemAttribute(std::string_view name, std::string_view value);
 
 }  // namespace quorrel
