@@ -97,6 +97,8 @@ void TabStrip2_Click(MainForm& main) {
 }
 
 void ConnectEvents(MainForm& main) {
+    ShowPane(main, PaneOf(main.window.TabStrip2.SelectedIndex()));
+    main.window.LabelExtEditor.Visible = false;
     main.DHTMLEdit1.DocumentComplete = [&main] { DHTMLEdit1_DocumentComplete(main); };
     main.DHTMLEdit1.DisplayChanged = [&main] { DHTMLEdit1_DisplayChanged(main); };
     main.Source1.Change = [&main] { main.editor.ActiveDirty = true; };

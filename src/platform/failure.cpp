@@ -46,9 +46,13 @@ RuntimeError::RuntimeError(int number) : RuntimeError(number, TextOf(number)) {}
 ErrorLog::ErrorLog(std::function<void(std::string_view)> write) : write_(std::move(write)) {}
 
 void ErrorLog::Write(std::string_view label, int number, std::string_view text) {
+    ++count_;
+    Note(label, number, text);
+}
+
+void ErrorLog::Note(std::string_view label, int number, std::string_view text) {
     std::string line(label);
     line.append(std::to_string(number)).append(" ").append(text);
-    ++count_;
     // A file with a thousand equal faults costs one write, and the log is the same.
     if (line == last_line_) return;
     last_line_ = line;

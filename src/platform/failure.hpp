@@ -51,6 +51,8 @@ class ErrorLog {
 
     /// `label` is the routine's own, with its colon and blank.
     void Write(std::string_view label, int number, std::string_view text);
+    /// The same for what the log has always told though nothing is wrong: it does not count.
+    void Note(std::string_view label, int number, std::string_view text);
     /// The errors so far.
     [[nodiscard]] int Count() const { return count_; }
     [[nodiscard]] const std::string& LastLine() const { return last_line_; }

@@ -57,6 +57,8 @@ void ClearModel(MainForm& main) {
     main.DHTMLEdit1.NewDocument("There is no topic to show.");
     // What the project's files do not say must not be that of the project before.
     main.contents.left_behind = main.keywords.left_behind = main.outline.left_behind = {};
+    main.project.hhcfile.clear();
+    main.project.hhkfile.clear();
     main.project.java_map_file.clear();
     main.project.project_title.clear();
     main.project.project_def_topic.clear();

@@ -11,7 +11,12 @@
 #include "formats/htmlhelp/hhk.hpp"
 #include "formats/htmlhelp/hhp.hpp"
 #include "formats/htmlhelp/map_files.hpp"
+#include "formats/javahelp/helpset.hpp"
+#include "formats/javahelp/index_xml.hpp"
+#include "formats/javahelp/jhm.hpp"
+#include "formats/javahelp/toc_xml.hpp"
 #include "platform/text.hpp"
+#include "project/paths.hpp"
 #include "project/side_files.hpp"
 #include "project/topic_properties.hpp"
 #include "project/working_copy.hpp"
@@ -76,9 +81,21 @@ void SaveOpenTopic(MainForm& main) {
     }
 }
 
+/// A HelpSet without views leaves the name of the index file in the variable of the contents:
+/// the index must not overwrite the contents.
+void KeepJavaHelpFilesApart(ProjectState& project) {
+    const std::string base(BaseName(project.proj));
+    if (project.hhkfile.empty()) project.hhkfile = base + "Index.xml";
+    if (project.hhcfile == project.hhkfile) project.hhcfile = base + "TOC.xml";
+}
+
 void WriteProjectFiles(MainForm& main, const Trap& trap) {
     if (main.settings.is_javahelp_edition) {
-        // TODO writers
+        KeepJavaHelpFilesApart(main.project);
+        trap([&] { JavaWriteTOC(main); });
+        trap([&] { JavaWriteIndex(main); });
+        trap([&] { JavaWriteMapFile(main); });
+        trap([&] { JavaWriteHelpSetFile(main); });
     } else {
         trap([&] { HTMLWriteTOC(main); });
         trap([&] { HTMLWriteIndex(main); });

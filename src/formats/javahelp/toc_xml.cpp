@@ -99,7 +99,7 @@ void JavaWriteTOC(MainForm& main) {
     // each save.
     const std::string backup = file + ".bak";
     if (main.files.FileExists(backup)) main.files.DeleteFile(backup);
-    trap([] { throw RuntimeError(run_time_error::kFileNotFound); });
+    main.log.Note("MainForm JavaWriteTOC: ", run_time_error::kFileNotFound, "File not found");
 }
 
 }  // namespace quorrel
