@@ -1,0 +1,27 @@
+// Documents compared: keys for their tokens.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "editor/html_tree.hpp"
+
+namespace quorrel {
+
+/// The tokens of a text that a browser has serialised: each is one of the document.
+[[nodiscard]] std::vector<DocumentToken> AsDocument(const std::vector<HtmlToken>& tokens);
+
+/// Any white space equals any.
+[[nodiscard]] std::vector<std::uint64_t> LooseKeys(const std::vector<DocumentToken>& tokens);
+/// Any white space equals any, but for elements in which it counts.
+[[nodiscard]] std::vector<std::uint64_t> ExactKeys(const std::vector<DocumentToken>& tokens);
+
+/// ExactKeys without the white space beside blocks, which means nothing.
+struct Meaning {
+    std::vector<std::uint64_t> keys;
+    std::vector<std::size_t> tokens;  // the token of each key
+};
+[[nodiscard]] Meaning MeaningOf(const std::vector<DocumentToken>& tokens);
+
+}  // namespace quorrel
