@@ -5,17 +5,22 @@ namespace {
 
 constexpr std::uint64_t kAnyBlank = 1;
 
-/// Whether white space beside the token is without meaning.
-bool SwallowsBlanks(const DocumentToken& token) {
+/// What a token does to the white space that follows it, seen from either side.
+enum class Edge { kBlock, kText, kNothing };
+
+Edge EdgeOf(const DocumentToken& token) {
     switch (token.kind) {
         case TokenKind::kStart:
         case TokenKind::kEnd:
-            return IsBlockTag(token.name);
-        case TokenKind::kComment:
+            if (IsBlockTag(token.name)) return Edge::kBlock;
+            return IsInlineTag(token.name) ? Edge::kNothing : Edge::kText;
         case TokenKind::kDoctype:
-            return true;
+            return Edge::kBlock;
+        case TokenKind::kBlank:
+        case TokenKind::kComment:
+            return Edge::kNothing;
         default:
-            return false;
+            return Edge::kText;
     }
 }
 
@@ -54,7 +59,7 @@ std::vector<std::uint64_t> LooseKeys(const std::vector<DocumentToken>& tokens) {
     return keys;
 }
 
-std::vector<std::uint64_t> ExactKeys(const std::vector<DocumentToken>& tokens) {
+std::vector<std::uint64_t> ReaderKeys(const std::vector<DocumentToken>& tokens) {
     std::vector<std::uint64_t> keys = LooseKeys(tokens);
     BlankWatch watch;
     for (std::size_t at = 0; at < tokens.size(); ++at) {
@@ -64,17 +69,28 @@ std::vector<std::uint64_t> ExactKeys(const std::vector<DocumentToken>& tokens) {
     return keys;
 }
 
+std::vector<bool> BlockEdges(const std::vector<DocumentToken>& tokens) {
+    std::vector<bool> edges(tokens.size());
+    bool is_edge = true;
+    const auto pass = [&](std::size_t at) {
+        if (is_edge) edges[at] = true;
+        const Edge edge = EdgeOf(tokens[at]);
+        if (edge != Edge::kNothing) is_edge = edge == Edge::kBlock;
+    };
+    for (std::size_t at = 0; at < tokens.size(); ++at) pass(at);
+    is_edge = true;
+    for (std::size_t at = tokens.size(); at-- > 0;) pass(at);
+    return edges;
+}
+
 Meaning MeaningOf(const std::vector<DocumentToken>& tokens) {
-    const std::vector<std::uint64_t> keys = ExactKeys(tokens);
+    const std::vector<std::uint64_t> keys = ReaderKeys(tokens);
+    const std::vector<bool> edges = BlockEdges(tokens);
     Meaning meaning;
     meaning.keys.reserve(tokens.size());
     meaning.tokens.reserve(tokens.size());
     for (std::size_t at = 0; at < tokens.size(); ++at) {
-        if (keys[at] == kAnyBlank) {
-            const bool is_edge = at == 0 || at + 1 == tokens.size();
-            if (is_edge || SwallowsBlanks(tokens[at - 1]) || SwallowsBlanks(tokens[at + 1]))
-                continue;
-        }
+        if (keys[at] == kAnyBlank && edges[at]) continue;
         meaning.keys.push_back(keys[at]);
         meaning.tokens.push_back(at);
     }

@@ -15,9 +15,13 @@ namespace quorrel {
 /// Any white space equals any.
 [[nodiscard]] std::vector<std::uint64_t> LooseKeys(const std::vector<DocumentToken>& tokens);
 /// Any white space equals any, but for elements in which it counts.
-[[nodiscard]] std::vector<std::uint64_t> ExactKeys(const std::vector<DocumentToken>& tokens);
+[[nodiscard]] std::vector<std::uint64_t> ReaderKeys(const std::vector<DocumentToken>& tokens);
 
-/// ExactKeys without the white space beside blocks, which means nothing.
+/// For each token, whether white space in its place would mean nothing: only tags of inline
+/// elements stand between it and the edge of a block.
+[[nodiscard]] std::vector<bool> BlockEdges(const std::vector<DocumentToken>& tokens);
+
+/// ReaderKeys without the white space that means nothing.
 struct Meaning {
     std::vector<std::uint64_t> keys;
     std::vector<std::size_t> tokens;  // the token of each key

@@ -23,12 +23,14 @@ EditPlan::EditPlan(const TokenisedText& source, const TokenisedText& base,
     : source_(source),
       base_(base),
       edited_(edited),
+      base_keys_(ReaderKeys(AsDocument(base.tokens))),
+      edited_keys_(ReaderKeys(AsDocument(edited.tokens))),
       origins_(base.tokens.size()),
       deleted_(source.tokens.size(), false) {
     FindOrigins(read);
     KeepAscendingOrigins();
     FindHunks();
-    widths_.assign(hunks_.size(), 0);
+    reaches_.resize(hunks_.size());
     for (std::size_t hunk = 0; hunk < hunks_.size(); ++hunk) Slide(hunk);
     for (const DiffHunk& hunk : hunks_) {
         FindPairs(hunk);
@@ -92,9 +94,13 @@ void EditPlan::KeepAscendingOrigins() {
 }
 
 void EditPlan::FindHunks() {
-    const std::vector<std::uint64_t> before = ExactKeys(AsDocument(base_.tokens));
-    const std::vector<std::uint64_t> after = ExactKeys(AsDocument(edited_.tokens));
-    hunks_ = DiffOf(before, after);
+    const auto keys = [](const TokenisedText& text) {
+        std::vector<std::uint64_t> hashes;
+        hashes.reserve(text.tokens.size());
+        for (const HtmlToken& token : text.tokens) hashes.push_back(token.hash);
+        return hashes;
+    };
+    hunks_ = DiffOf(keys(base_), keys(edited_));
 }
 
 /// An insertion or a deletion can often be seen in several places: of "<p>a</p><p>b</p>" may be
@@ -142,6 +148,8 @@ int EditPlan::Likeness(std::size_t base, std::size_t edited) const {
     const HtmlToken& after = edited_.tokens[edited];
     if (before.kind != after.kind) return 0;
     if (before.kind == TokenKind::kStart) return before.name == after.name ? 3 : 0;
+    // White space that the engine only writes in another way stays as it is.
+    if (before.kind == TokenKind::kBlank) return base_keys_[base] == edited_keys_[edited] ? 2 : 0;
     return before.kind == TokenKind::kWord ? 1 : 0;
 }
 
@@ -204,10 +212,10 @@ bool EditPlan::ReplacesBlock(const DiffHunk& hunk) const {
 std::vector<bool> EditPlan::ExplicitTokens() const {
     std::vector<bool> is_explicit(base_.tokens.size(), is_all_explicit_);
     for (std::size_t at = 0; at < hunks_.size() && !is_all_explicit_; ++at) {
-        if (widths_[at] == 0) continue;
-        const std::size_t reach = std::size_t{2} << (2 * std::min(widths_[at] - 1, 12));
-        const std::size_t begin = hunks_[at].a_begin - std::min(reach, hunks_[at].a_begin);
-        const std::size_t end = std::min(hunks_[at].a_end + reach, is_explicit.size());
+        const auto [left, right] = reaches_[at];
+        if (left == 0 && right == 0) continue;
+        const std::size_t begin = hunks_[at].a_begin - std::min(left, hunks_[at].a_begin);
+        const std::size_t end = std::min(hunks_[at].a_end + right, is_explicit.size());
         std::fill(is_explicit.begin() + static_cast<std::ptrdiff_t>(begin),
                   is_explicit.begin() + static_cast<std::ptrdiff_t>(end), true);
     }
@@ -236,7 +244,8 @@ std::vector<EditStep> EditPlan::Steps() const {
             ReplacesBlock(hunk) ? EditStep::Action::kNewText : EditStep::Action::kNew;
         while (edited < hunk.b_end) {
             if (pair != pairs_.end() && pair->edited == edited) {
-                take((pair++)->base, EditStep::Action::kPatch);
+                const bool is_blank = edited_.tokens[edited].kind == TokenKind::kBlank;
+                take((pair++)->base, is_blank ? EditStep::Action::kKeep : EditStep::Action::kPatch);
             } else {
                 steps[edited++].action = action;
             }
@@ -256,7 +265,12 @@ void EditPlan::Widen(const std::vector<std::size_t>& edited_tokens) {
         if (next != hunks_.begin()) --next;
         is_widened[static_cast<std::size_t>(next - hunks_.begin())] = true;
     }
-    for (std::size_t at = 0; at < hunks_.size(); ++at) widths_[at] += is_widened[at] ? 1 : 0;
+    constexpr std::size_t kFirstReach = 2;
+    for (std::size_t at = 0; at < hunks_.size(); ++at) {
+        if (!is_widened[at]) continue;
+        const std::size_t reach = std::max(reaches_[at].left * 4, kFirstReach);
+        reaches_[at] = {reach, reach};
+    }
 }
 
 bool EditPlan::IsDoubtful(std::size_t edited_token) const {

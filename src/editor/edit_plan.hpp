@@ -19,13 +19,20 @@ class EditPlan {
 
     /// The edits: `a` is the base, `b` the edited document.
     [[nodiscard]] const std::vector<DiffHunk>& Hunks() const { return hunks_; }
+    [[nodiscard]] bool IsWholeDocumentExplicit() const { return is_all_explicit_; }
     /// For each token of the edited document.
     [[nodiscard]] std::vector<EditStep> Steps() const;
     /// For each token of the source, whether an edit took it away.
     [[nodiscard]] std::vector<bool> Deleted() const { return deleted_; }
 
+    /// How many tokens of the base before and behind an edit are written out in full.
+    struct Reach {
+        std::size_t left = 0;
+        std::size_t right = 0;
+    };
+    [[nodiscard]] Reach& ReachOf(std::size_t hunk) { return reaches_[hunk]; }
     /// Has more written out around the edits that are nearest to these tokens of the edited
-    /// document; and around all of them.
+    /// document; and the whole document.
     void Widen(const std::vector<std::size_t>& edited_tokens);
     void WidenAll() { is_all_explicit_ = true; }
 
@@ -59,10 +66,13 @@ class EditPlan {
     const TokenisedText& source_;
     const TokenisedText& base_;
     const TokenisedText& edited_;
+    // Of the base and of the edited document: what a reader sees of each token.
+    std::vector<std::uint64_t> base_keys_;
+    std::vector<std::uint64_t> edited_keys_;
     std::vector<Origin> origins_;  // for each token of the base
     std::vector<DiffHunk> hunks_;
-    std::vector<int> widths_;  // for each hunk, how often it was widened
-    std::vector<Pair> pairs_;  // tokens in hunks that are changed, not replaced
+    std::vector<Pair> pairs_;     // tokens in hunks that are changed, not replaced
+    std::vector<Reach> reaches_;  // for each hunk
     std::vector<bool> deleted_;
     bool is_all_explicit_ = false;
 };

@@ -129,4 +129,41 @@ bool IsBlockTag(TagName name) {
     }
 }
 
+bool IsInlineTag(TagName name) {
+    switch (name) {
+        case Tag("a"):
+        case Tag("abbr"):
+        case Tag("acronym"):
+        case Tag("b"):
+        case Tag("bdo"):
+        case Tag("big"):
+        case Tag("cite"):
+        case Tag("code"):
+        case Tag("del"):
+        case Tag("dfn"):
+        case Tag("em"):
+        case Tag("font"):
+        case Tag("i"):
+        case Tag("ins"):
+        case Tag("kbd"):
+        case Tag("mark"):
+        case Tag("nobr"):
+        case Tag("q"):
+        case Tag("s"):
+        case Tag("samp"):
+        case Tag("small"):
+        case Tag("span"):
+        case Tag("strike"):
+        case Tag("strong"):
+        case Tag("sub"):
+        case Tag("sup"):
+        case Tag("tt"):
+        case Tag("u"):
+        case Tag("var"):
+            return true;
+        default:
+            return false;
+    }
+}
+
 }  // namespace quorrel

@@ -88,5 +88,7 @@ struct Doctype {
 [[nodiscard]] bool KeepsBlanks(TagName name);
 /// A tag beside which white space does not count.
 [[nodiscard]] bool IsBlockTag(TagName name);
+/// A tag that only dresses the text in it.
+[[nodiscard]] bool IsInlineTag(TagName name);
 
 }  // namespace quorrel

@@ -17,11 +17,16 @@ namespace {
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 /// How often a result that reads differently is written out more fully.
 constexpr int kMostTries = 10;
+/// How many bytes may be read again to have less of them written out.
+constexpr std::size_t kNarrowingWork = 8'000'000;
 
 class Preserver {
   public:
     Preserver(std::string_view original, std::string_view base, std::string_view edited)
-        : source_(original), base_(base), edited_(edited) {}
+        : source_(original),
+          base_(base),
+          edited_(edited),
+          style_(StyleOf(source_.text, source_.tokens)) {}
 
     std::optional<std::string> Run() {
         const auto read = ParseDocument(source_.text, source_.tokens);
@@ -30,27 +35,56 @@ class Preserver {
         if (plan.Hunks().empty()) return std::string(source_.text);
         target_document_ = AsDocument(edited_.tokens);
         target_ = MeaningOf(target_document_);
-        for (int tries = 0; tries < kMostTries; ++tries) {
+        for (int tries = 1; tries <= kMostTries; ++tries) {
             std::string result = Composed(plan);
             const std::vector<std::size_t> wrong = Mismatches(result, plan);
-            if (wrong.empty()) return result;
-            if (tries + 2 == kMostTries)
+            if (wrong.empty()) return tries == 1 ? result : Narrowed(plan, std::move(result));
+            if (tries + 1 == kMostTries) {
                 plan.WidenAll();
-            else
+            } else {
                 plan.Widen(wrong);
+            }
         }
         return std::nullopt;
     }
 
     [[nodiscard]] std::string WholeEngineText() const {
-        return WithLineEnds(edited_.text, StyleOf(source_.text, source_.tokens).line_end);
+        return WithLineEnds(edited_.text, style_.line_end);
     }
 
   private:
+    /// Takes back what was written out more than need be, as far as that is quickly found.
+    std::string Narrowed(EditPlan& plan, std::string result) {
+        if (plan.IsWholeDocumentExplicit()) return result;
+        std::size_t checks = std::clamp<std::size_t>(kNarrowingWork / (result.size() + 1), 4, 100);
+        for (std::size_t hunk = 0; hunk < plan.Hunks().size(); ++hunk) {
+            for (std::size_t EditPlan::Reach::*side :
+                 {&EditPlan::Reach::left, &EditPlan::Reach::right}) {
+                std::size_t& reach = plan.ReachOf(hunk).*side;
+                std::size_t good = reach;
+                std::size_t next = 0;
+                for (std::size_t bad = 0; reach > 0 && checks > 0; --checks) {
+                    reach = next;
+                    std::string narrower = Composed(plan);
+                    if (Mismatches(narrower, plan).empty()) {
+                        result = std::move(narrower);
+                        good = next;
+                    } else {
+                        bad = next;
+                    }
+                    next = bad + (good - bad) / 2;
+                    if (next == bad) break;
+                    reach = good;
+                }
+                reach = good;
+            }
+        }
+        return result;
+    }
+
     std::string Composed(const EditPlan& plan) const {
-        const SourceStyle style = StyleOf(source_.text, source_.tokens);
         const std::vector<bool> is_deleted = plan.Deleted();
-        return SourceComposer(source_, edited_, style, is_deleted).Compose(plan.Steps());
+        return SourceComposer(source_, edited_, style_, is_deleted).Compose(plan.Steps());
     }
 
     /// The tokens of the edited document that a browser would not find in the result.
@@ -94,10 +128,9 @@ class Preserver {
 
     /// A place that our reading of the untouched source had differently from the engine's too.
     bool IsExplained(const DiffHunk& hunk, const EditPlan& plan) const {
-        const std::size_t begin = hunk.b_begin - (hunk.b_begin > 0 ? 1 : 0);
-        const std::size_t end = std::min(hunk.b_end + 1, target_.tokens.size());
         if (hunk.b_begin == hunk.b_end) {
-            return IsDoubtful(begin, plan) || (end > 0 && IsDoubtful(end - 1, plan));
+            const bool is_behind_doubtful = hunk.b_begin > 0 && IsDoubtful(hunk.b_begin - 1, plan);
+            return is_behind_doubtful || IsDoubtful(hunk.b_begin, plan);
         }
         for (std::size_t key = hunk.b_begin; key < hunk.b_end; ++key) {
             if (!IsDoubtful(key, plan)) return false;
@@ -114,6 +147,7 @@ class Preserver {
     TokenisedText source_;
     TokenisedText base_;
     TokenisedText edited_;
+    SourceStyle style_;
     std::vector<DocumentToken> target_document_;
     Meaning target_;
     bool is_read_back_ = false;
@@ -129,9 +163,9 @@ std::string PreserveSource(std::string_view original, std::string_view base,
     const bool has_mark = original.starts_with(kMark);
     if (has_mark) original.remove_prefix(kMark.size());
     Preserver preserver(original, base, edited);
-    std::string result = preserver.Run().value_or(std::string());
-    if (result.empty()) result = preserver.WholeEngineText();
-    return has_mark ? std::string(kMark) + result : result;
+    std::optional<std::string> result = preserver.Run();
+    if (!result) result = preserver.WholeEngineText();
+    return has_mark ? std::string(kMark) + *result : *result;
 }
 
 }  // namespace quorrel

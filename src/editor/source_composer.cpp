@@ -1,7 +1,9 @@
 #include "editor/source_composer.hpp"
 
 #include <algorithm>
+#include <numeric>
 
+#include "editor/document_tokens.hpp"
 #include "platform/text.hpp"
 
 namespace quorrel {
@@ -43,28 +45,67 @@ bool HasOwnEndLine(TagName name) {
 
 std::string SourceComposer::Compose(const std::vector<EditStep>& steps) {
     result_.reserve(source_.text.size() + 4096);
+    const std::vector<std::size_t> order = OrderOf(steps);
     std::vector<std::size_t> next_kept(steps.size() + 1, source_.tokens.size());
     for (std::size_t at = steps.size(); at-- > 0;) {
-        const bool is_kept = steps[at].first >= 0;
-        next_kept[at] = is_kept ? static_cast<std::size_t>(steps[at].first) : next_kept[at + 1];
+        const EditStep& step = steps[order[at]];
+        const bool is_kept = step.first >= 0;
+        next_kept[at] = is_kept ? static_cast<std::size_t>(step.first) : next_kept[at + 1];
     }
     for (std::size_t at = 0; at < steps.size(); ++at) {
-        const EditStep& step = steps[at];
-        const HtmlToken& token = edited_.tokens[at];
+        const EditStep& step = steps[order[at]];
+        const HtmlToken& token = edited_.tokens[order[at]];
         const bool keeps_blanks = KeepsBlanks(token.name);
         if (keeps_blanks && token.kind == TokenKind::kEnd) --keeps_blanks_;
         next_kept_ = next_kept[at + 1];
         if (step.action == Action::kNew || step.action == Action::kNewText) {
-            WriteNew(at, step.action == Action::kNew && keeps_blanks_ == 0);
-            const bool is_last = at + 1 == steps.size() || steps[at + 1].action != Action::kNew;
-            if (step.action == Action::kNew && is_last && keeps_blanks_ == 0) EndRun(at);
+            const bool has_layout = step.action == Action::kNew && keeps_blanks_ == 0;
+            WriteNew(order[at], has_layout);
+            const bool is_last =
+                at + 1 == steps.size() || steps[order[at + 1]].action != Action::kNew;
+            if (has_layout && is_last) EndRun(order[at]);
         } else {
-            Keep(at, step);
+            Keep(order[at], step);
         }
         if (keeps_blanks && token.kind == TokenKind::kStart) ++keeps_blanks_;
     }
     CopyUpTo(source_.tokens.size(), !steps.empty() && steps.back().is_explicit);
     return std::move(result_);
+}
+
+/// The order in which the tokens are written. The engine makes bold what is selected with the
+/// line end in front of it; at the edge of a block it means nothing, and the tag goes beside the
+/// word.
+std::vector<std::size_t> SourceComposer::OrderOf(const std::vector<EditStep>& steps) const {
+    std::vector<std::size_t> order(steps.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    const auto is_new = [&](std::size_t at, TokenKind kind) {
+        const HtmlToken& token = edited_.tokens[order[at]];
+        return steps[order[at]].action == Action::kNew && token.kind == kind &&
+               IsInlineTag(token.name);
+    };
+    const auto is_kept_blank = [&](std::size_t at) {
+        return steps[order[at]].action == Action::kKeep &&
+               edited_.tokens[order[at]].kind == TokenKind::kBlank;
+    };
+    std::vector<bool> edges;
+    const auto is_at_edge = [&](std::size_t at) {
+        if (edges.empty()) edges = BlockEdges(AsDocument(edited_.tokens));
+        return edges[order[at]];
+    };
+    for (std::size_t at = 1; at < order.size(); ++at) {
+        if (!is_kept_blank(at) || !is_new(at - 1, TokenKind::kStart) || !is_at_edge(at)) continue;
+        for (std::size_t to = at; to > 0 && is_new(to - 1, TokenKind::kStart); --to) {
+            std::swap(order[to], order[to - 1]);
+        }
+    }
+    for (std::size_t at = order.size(); at-- > 1;) {
+        if (!is_kept_blank(at - 1) || !is_new(at, TokenKind::kEnd) || !is_at_edge(at - 1)) continue;
+        for (std::size_t to = at; to < order.size() && is_new(to, TokenKind::kEnd); ++to) {
+            std::swap(order[to], order[to - 1]);
+        }
+    }
+    return order;
 }
 
 void SourceComposer::Append(std::string_view text) {

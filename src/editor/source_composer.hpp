@@ -50,6 +50,7 @@ class SourceComposer {
     [[nodiscard]] std::string Compose(const std::vector<EditStep>& steps);
 
   private:
+    [[nodiscard]] std::vector<std::size_t> OrderOf(const std::vector<EditStep>& steps) const;
     void Append(std::string_view text);
     /// What the engine left out stays where it is, unless the stretch is written out.
     void CopyUpTo(std::size_t token, bool is_explicit);

@@ -26,6 +26,16 @@ const char* const kSerialise = R"((() => {
         node.outerHTML).join('');
 })())";
 
+const char* const kContents = R"((() => {
+    const attributes = it => [...it.attributes].map(a => a.name + '=' + a.value).sort().join(' ');
+    const text = node => node.nodeType === 3 ? node.data.replace(/[ \t\n\r\f]+/g, '') :
+        node.nodeType === 8 ? '<!--' + node.data + '-->' :
+        node.nodeType === 10 ? '<!' + node.name + ' ' + node.publicId + ' ' + node.systemId + '>' :
+        '<' + node.nodeName + ' ' + attributes(node) + '>' + all(node) + '</>';
+    const all = node => [...node.childNodes].map(text).join('');
+    return all(document) + '\n' + document.body.innerText;
+})())";
+
 }  // namespace
 
 EnginePage::EnginePage() : profile_(std::make_unique<QWebEngineProfile>()) {
@@ -59,6 +69,10 @@ bool EnginePage::Load(std::string_view text, const std::string& path) {
 
 std::string EnginePage::Serialised() {
     return Run(kSerialise).toString().toStdString();
+}
+
+std::string EnginePage::Contents() {
+    return Run(kContents).toString().toStdString();
 }
 
 QVariant EnginePage::Run(const QString& script) {

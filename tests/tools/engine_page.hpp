@@ -30,6 +30,9 @@ class EnginePage : public QObject {
     [[nodiscard]] bool Load(std::string_view text, const std::string& path);
     /// The document as it is now.
     [[nodiscard]] std::string Serialised();
+    /// What there is in the document, without white space and with the attributes in order, and
+    /// its text as it is shown: equal for equal documents.
+    [[nodiscard]] std::string Contents();
     /// The value of a script, which runs apart from the page's own.
     [[nodiscard]] QVariant Run(const QString& script);
 

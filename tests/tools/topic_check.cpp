@@ -146,13 +146,8 @@ void CountLines(TopicOutcome& outcome) {
     }
 }
 
-std::string WithoutBlanks(std::string text) {
-    std::erase_if(text, [](char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\t'; });
-    return text;
-}
-
 std::string Reloaded(EnginePage& page, std::string_view text, const std::string& path) {
-    return page.Load(text, path) ? WithoutBlanks(page.Serialised()) : std::string();
+    return page.Load(text, path) ? page.Contents() : std::string("it does not load");
 }
 
 /// Where two texts differ, for a message.
@@ -176,13 +171,15 @@ void Fail(TopicOutcome& outcome, std::string reason) {
     outcome.reason = std::move(reason);
 }
 
-void Judge(TopicOutcome& outcome, EnginePage& page, const std::string& path, const Edit& edit) {
+/// `wanted` is the contents of the edited document.
+void Judge(TopicOutcome& outcome, EnginePage& page, const std::string& path, const Edit& edit,
+           std::string wanted) {
     outcome.preserved = PreserveSource(outcome.original, outcome.base, outcome.edited);
     CountLines(outcome);
     const std::string got = Reloaded(page, outcome.preserved, path);
-    if (got != WithoutBlanks(outcome.edited)) {
+    if (got != wanted) {
         // What editing made may be no document that any source gives.
-        const std::string wanted = Reloaded(page, outcome.edited, path);
+        wanted = Reloaded(page, outcome.edited, path);
         if (got != wanted) return Fail(outcome, "reads " + FirstDifference(got, wanted));
     }
     if (!edit.is_small(outcome)) {
@@ -224,7 +221,7 @@ TopicOutcome CheckTopic(EnginePage& page, const std::filesystem::path& file,
     }
     outcome.edited = page.Serialised();
     if (outcome.edited == outcome.base) return Skipped("nothing changed");
-    Judge(outcome, page, path, edit);
+    Judge(outcome, page, path, edit, page.Contents());
     return outcome;
 }
 
