@@ -1,0 +1,51 @@
+// A page of the web engine that takes texts and gives back what it makes of them.
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QVariant>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/native_file_system.hpp"
+
+class QWebEngineProfile;
+
+namespace quorrel {
+class TopicPage;
+}
+
+namespace quorrel::test {
+
+class EnginePage : public QObject {
+    Q_OBJECT
+  public:
+    EnginePage();
+    ~EnginePage() override;
+
+    /// Loads the text as the topic with this Windows path. False if it does not come.
+    [[nodiscard]] bool Load(std::string_view text, const std::string& path);
+    /// The document as it is now.
+    [[nodiscard]] std::string Serialised();
+    /// What there is in the document, without white space and with the attributes in order, and
+    /// its text as it is shown: equal for equal documents.
+    [[nodiscard]] std::string Contents();
+    /// The value of a script, which runs apart from the page's own.
+    [[nodiscard]] QVariant Run(const QString& script);
+
+  private:
+    /// False if it is not done in time.
+    static bool WaitUntil(const std::function<bool()>& is_done);
+
+    NativeFileSystem files_;
+    std::unique_ptr<QWebEngineProfile> profile_;
+    std::unique_ptr<TopicPage> page_;
+    std::string text_;
+    int load_ = 0;
+    bool is_loaded_ = false;
+};
+
+}  // namespace quorrel::test
