@@ -67,4 +67,9 @@ bool TopicPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bo
     return false;
 }
 
+void TopicPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& text, int,
+                                         const QString&) {
+    if (console_written) console_written(text);
+}
+
 }  // namespace quorrel

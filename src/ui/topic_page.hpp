@@ -26,6 +26,8 @@ class TopicPage : public QWebEnginePage {
 
     /// The user clicked a link.
     std::function<void(const QUrl&)> link_clicked;
+    /// What the page writes to its console. Nothing of it is shown.
+    std::function<void(const QString& text)> console_written;
 
   signals:
     /// The page wanted to go elsewhere and did not.
@@ -33,6 +35,8 @@ class TopicPage : public QWebEnginePage {
 
   protected:
     bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool is_main) override;
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& text,
+                                  int line, const QString& source) override;
 
   private:
     bool MayGoTo(const QUrl& url, NavigationType type, bool is_main);

@@ -68,8 +68,7 @@ QUrl BlankUrl() {
     return url;
 }
 
-QByteArray HtmlForEngine(std::string_view bytes, int code_page) {
-    const std::string text = DecodeText(bytes, TopicEncoding(bytes, code_page));
+QByteArray HtmlForEngine(const std::string& text) {
     const std::string mark = "\xEF\xBB\xBF";
     return QByteArray::fromStdString(text.starts_with(mark) ? text : mark + text);
 }
@@ -85,16 +84,14 @@ void TopicSchemeHandler::requestStarted(QWebEngineUrlRequestJob* job) {
     const QUrl url = job->requestUrl();
     if (job->requestMethod() != "GET") return job->fail(QWebEngineUrlRequestJob::RequestDenied);
     if (url.host() == kBlankHost) return Reply(job, "text/html", {});
-    if (const auto bytes = document_(url)) {
-        return Reply(job, "text/html", HtmlForEngine(*bytes, code_page_()));
-    }
+    if (const auto text = document_(url)) return Reply(job, "text/html", HtmlForEngine(*text));
     const std::string path = PathOfUrl(url);
     try {
         const std::string bytes = files_.ReadFile(path);
         const QByteArray type = MimeTypeOf(path);
-        const bool is_html = type == "text/html";
-        Reply(job, type,
-              is_html ? HtmlForEngine(bytes, code_page_()) : QByteArray::fromStdString(bytes));
+        if (type != "text/html") return Reply(job, type, QByteArray::fromStdString(bytes));
+        const int code_page = code_page_();
+        Reply(job, type, HtmlForEngine(DecodeText(bytes, TopicEncoding(bytes, code_page))));
     } catch (const RuntimeError&) {
         job->fail(QWebEngineUrlRequestJob::UrlNotFound);
     }

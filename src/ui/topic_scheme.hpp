@@ -25,15 +25,15 @@ void RegisterTopicScheme();
 /// A URL of an empty document.
 [[nodiscard]] QUrl BlankUrl();
 
-/// HTML as the engine is to have it: in UTF-8 with a byte-order mark, which overrules whatever
-/// the text says of its encoding.
-[[nodiscard]] QByteArray HtmlForEngine(std::string_view bytes, int code_page);
+/// UTF-8 HTML as the engine is to have it: with a byte-order mark, which overrules whatever the
+/// text says of its encoding.
+[[nodiscard]] QByteArray HtmlForEngine(const std::string& text);
 
 /// Answers the engine from our files.
 class TopicSchemeHandler : public QWebEngineUrlSchemeHandler {
     Q_OBJECT
   public:
-    /// `document` gives the bytes of the document that is loaded under a URL, nothing for others.
+    /// `document` gives the text of the document that is loaded under a URL, nothing for others.
     using Document = std::function<std::optional<std::string>(const QUrl&)>;
     TopicSchemeHandler(FileSystem& files, std::function<int()> code_page, Document document,
                        QObject* parent);

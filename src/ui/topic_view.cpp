@@ -1,7 +1,8 @@
 #include "ui/topic_view.hpp"
 
+#include <QChildEvent>
 #include <QContextMenuEvent>
-#include <QMenu>
+#include <QKeyEvent>
 
 namespace quorrel {
 
@@ -12,13 +13,30 @@ TopicView::TopicView(QWidget* parent) : QWebEngineView(parent) {
 }
 
 void TopicView::contextMenuEvent(QContextMenuEvent* event) {
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    QAction* copy =
-        menu->addAction("&Copy", this, [this] { triggerPageAction(QWebEnginePage::Copy); });
-    copy->setEnabled(hasSelection());
-    menu->addAction("Select &All", this, [this] { triggerPageAction(QWebEnginePage::SelectAll); });
-    menu->popup(event->globalPos());
+    if (menu_wanted) menu_wanted(event->pos());
+}
+
+void TopicView::childEvent(QChildEvent* event) {
+    QWebEngineView::childEvent(event);
+    // The widget that gets the input comes with the page, and anew after a crash.
+    if (event->added() && event->child()->isWidgetType()) event->child()->installEventFilter(this);
+}
+
+bool TopicView::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::KeyPress:
+            if (input_seen) input_seen();
+            if (key_pressed && key_pressed(*static_cast<QKeyEvent*>(event))) return true;
+            break;
+        case QEvent::InputMethod:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+            if (input_seen) input_seen();
+            break;
+        default:
+            break;
+    }
+    return QWebEngineView::eventFilter(watched, event);
 }
 
 }  // namespace quorrel

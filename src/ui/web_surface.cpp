@@ -1,15 +1,22 @@
 #include "ui/web_surface.hpp"
 
+#include <QJsonDocument>
 #include <QLabel>
+#include <QMenu>
+#include <QRandomGenerator>
 #include <QStackedWidget>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineProfile>
-#include <QWebEngineView>
+#include <QWebEngineScriptCollection>
 #include <utility>
 
+#include "editor/preserve_source.hpp"
 #include "platform/code_page.hpp"
+#include "platform/failure.hpp"
+#include "platform/text.hpp"
 #include "platform/topic_encoding.hpp"
 #include "ui/qt_text.hpp"
+#include "ui/surface_script.hpp"
 #include "ui/topic_page.hpp"
 #include "ui/topic_scheme.hpp"
 #include "ui/topic_view.hpp"
@@ -19,6 +26,20 @@ namespace {
 
 /// A document that is not there by then goes on loading, but nobody waits for it any longer.
 constexpr qint64 kPatienceMilliseconds = 15000;
+/// A selection that is being drawn changes many times a second.
+constexpr int kDisplayMilliseconds = 50;
+
+/// The text by which a place in the document is marked for a moment.
+const QString kMarker = "QRLSEL28";
+
+/// Nothing that a page writes can begin like this.
+QString RandomToken() {
+    QString token;
+    for (int i = 0; i < 4; ++i) {
+        token += QString::number(QRandomGenerator::system()->generate64(), 36) + '-';
+    }
+    return token;
+}
 
 }  // namespace
 
@@ -26,7 +47,8 @@ WebSurface::WebSurface(FileSystem& files)
     : code_page([] { return CodePageOfMachine().number; }),
       files_(files),
       stack_(new QStackedWidget),
-      hint_(new QLabel) {
+      hint_(new QLabel),
+      token_(RandomToken()) {
     stack_->setObjectName("TopicArea");
     hint_->setObjectName("TopicHint");
     hint_->setAlignment(Qt::AlignCenter);
@@ -35,9 +57,20 @@ WebSurface::WebSurface(FileSystem& files)
     hint_->setTextFormat(Qt::PlainText);
     stack_->addWidget(hint_);
     ShowHint("Open a project with File > Open Project.");
+    load_timer_.setSingleShot(true);
+    load_timer_.setInterval(0);
+    connect(&load_timer_, &QTimer::timeout, this, &WebSurface::StartLoad);
+    display_timer_.setSingleShot(true);
+    display_timer_.setInterval(kDisplayMilliseconds);
+    connect(&display_timer_, &QTimer::timeout, this, [this] {
+        Events events;
+        events.display = true;
+        Raise(events);
+    });
 }
 
 WebSurface::~WebSurface() {
+    calls_.reset();
     if (!stack_.isNull() && stack_->parent() == nullptr) delete stack_;
     // A page must not outlive its profile.
     delete page_;
@@ -51,6 +84,8 @@ QWebEngineView* WebSurface::View() const {
     return view_;
 }
 
+// ---- The engine
+
 void WebSurface::StartEngine() {
     if (!view_.isNull()) return;
     // Without a name it keeps nothing on disk.
@@ -58,56 +93,113 @@ void WebSurface::StartEngine() {
     profile_->setUrlRequestInterceptor(new RequestFilter(profile_.get()));
     const auto document = [this](const QUrl& url) {
         const bool is_open = url.adjusted(QUrl::RemoveFragment) == url_;
-        return is_open ? std::optional<std::string>(bytes_) : std::nullopt;
+        return is_open ? std::optional<std::string>(source_) : std::nullopt;
     };
     auto* handler = new TopicSchemeHandler(
         files_, [this] { return code_page(); }, document, profile_.get());
     profile_->installUrlSchemeHandler(kTopicScheme, handler);
     view_ = new TopicView(stack_);
     page_ = new TopicPage(profile_.get(), this);
-    page_->link_clicked = [this](const QUrl& url) { FollowLink(url); };
+    calls_ = std::make_unique<PageCalls>(page_, nullptr);
+    document_.SetCalls(calls_.get());
+    ConnectPage();
     view_->setPage(page_);
-    connect(page_, &QWebEnginePage::loadingChanged, this, &WebSurface::NoteLoading);
-    connect(page_, &QWebEnginePage::renderProcessTerminated, this, &WebSurface::NoteCrash);
     stack_->addWidget(view_);
 }
 
+void WebSurface::ConnectPage() {
+    page_->link_clicked = [this](const QUrl& url) { FollowLink(url); };
+    page_->console_written = [this](const QString& text) { NoteMessage(text); };
+    connect(page_, &QWebEnginePage::loadingChanged, this, &WebSurface::NoteLoading);
+    connect(page_, &QWebEnginePage::renderProcessTerminated, this, &WebSurface::NoteCrash);
+    connect(calls_.get(), &PageCalls::Idle, this, &WebSurface::DeliverEvents, Qt::QueuedConnection);
+    view_->input_seen = [this] { is_input_seen_ = true; };
+    view_->menu_wanted = [this](const QPoint& place) {
+        Events events;
+        events.menu = place;
+        Raise(events);
+    };
+}
+
+// ---- The document
+
 void WebSurface::LoadDocument(std::string_view path) {
-    bytes_ = files_.ReadFile(path);
+    TopicText topic = ReadTopicText(files_.ReadFile(path), code_page());
+    source_ = std::move(topic.text);
+    encoding_ = topic.encoding;
     path_ = path;
-    base_url_.clear();
+    is_set_ = false;
+    bookmark_ = std::exchange(next_bookmark_, {});
     Show();
 }
 
 void WebSurface::SetDocumentHTML(std::string_view html) {
-    bytes_ = "\xEF\xBB\xBF";
-    bytes_ += html;
-    base_url_.clear();
+    // A text that is set at once after loading is the same document still.
+    if (IsDirty()) bookmark_.clear();
+    source_ = html;
+    is_set_ = true;
     Show();
 }
 
 void WebSurface::Show() {
-    if (stack_.isNull()) return;
-    StartEngine();
-    url_ = UrlOfTopic(path_, ++load_);
-    QUrl shown = url_;
-    if (!next_bookmark_.isEmpty()) shown.setFragment(std::exchange(next_bookmark_, {}));
+    base_url_.clear();
+    is_lost_ = false;
+    saved_version_ = 0;
+    html_version_ = 0;
+    html_.clear();
+    is_input_seen_ = false;
+    if (calls_) calls_->SetLoad(0);
+    ++load_;
+    is_loaded_ = false;
+    is_script_there_ = false;
     busy_ = true;
     busy_since_.start();
+    load_timer_.start();
+}
+
+void WebSurface::StartLoad() {
+    if (stack_.isNull()) return;
+    StartEngine();
+    url_ = UrlOfTopic(path_, load_);
+    QUrl shown = url_;
+    if (!bookmark_.isEmpty()) shown.setFragment(bookmark_);
+    page_->scripts().clear();
+    page_->scripts().insert(SurfaceScript(Setup()));
     stack_->setCurrentWidget(view_);
     page_->Show(shown);
 }
 
+QJsonObject WebSurface::LookForPage() const {
+    return {{"browse", look_.browse},
+            {"borders", look_.borders},
+            {"details", look_.details},
+            {"grid", look_.grid}};
+}
+
+QJsonObject WebSurface::Setup() const {
+    return {{"token", token_}, {"load", load_}, {"marker", kMarker}, {"view", LookForPage()}};
+}
+
 void WebSurface::SaveDocument(std::string_view path) {
-    files_.WriteFile(path, bytes_);
+    files_.WriteFile(path, TopicBytes(DocumentHTML(), encoding_));
+    DocumentSaved(path);
+}
+
+void WebSurface::DocumentSaved(std::string_view path) {
     path_ = path;
+    is_set_ = false;
+    saved_version_ = Version();
 }
 
 void WebSurface::NewDocument(std::string_view why) {
-    bytes_.clear();
+    source_.clear();
     path_.clear();
-    base_url_.clear();
+    encoding_ = {TextEncoding::Form::kUtf8, kUtf8CodePage};
+    is_set_ = false;
     next_bookmark_.clear();
+    bookmark_.clear();
+    Show();
+    load_timer_.stop();
     url_.clear();
     busy_ = false;
     if (!page_.isNull()) page_->Show(BlankUrl());
@@ -120,21 +212,110 @@ void WebSurface::ShowHint(const QString& text) {
     stack_->setCurrentWidget(hint_);
 }
 
+bool WebSurface::IsReady() const {
+    return calls_ != nullptr && calls_->Load() != 0;
+}
+
+int WebSurface::Version() const {
+    if (!IsReady()) return 0;
+    if (std::exchange(is_input_seen_, false)) calls_->Call("state");
+    return calls_->Version();
+}
+
 std::string WebSurface::DocumentHTML() const {
-    return DecodeText(bytes_, TopicEncoding(bytes_, code_page()));
+    if (is_lost_) throw RuntimeError(run_time_error::kDeviceError, "The web engine stopped.");
+    return Version() == 0 ? source_ : EditedSource();
+}
+
+std::string WebSurface::EditedSource() const {
+    const QVariant given = calls_->Call("html", {html_version_});
+    if (given.isNull()) return html_;
+    const std::string edited = FromQt(given.toString());
+    if (!preserve_) {
+        // The engine knows one kind of line ends only.
+        const bool has_returns = source_.find("\r\n") != npos;
+        html_ = has_returns ? ReplaceAll(edited, "\n", "\r\n") : edited;
+    } else {
+        html_ = PreserveSource(source_, FromQt(calls_->Call("base").toString()), edited);
+    }
+    html_version_ = calls_->Version();
+    return html_;
+}
+
+bool WebSurface::IsDirty() const {
+    return is_set_ || is_lost_ || Version() != saved_version_;
 }
 
 bool WebSurface::Busy() const {
     return busy_ && !busy_since_.hasExpired(kPatienceMilliseconds);
 }
 
+void WebSurface::SetSourceCodePreservation(bool on) {
+    if (preserve_ != on) html_version_ = 0;
+    preserve_ = on;
+}
+
+// ---- What the page tells
+
 void WebSurface::NoteLoading(const QWebEngineLoadingInfo& info) {
     // The end of a load that another one has replaced comes too.
     const bool is_ours = info.url().adjusted(QUrl::RemoveFragment) == url_;
-    if (is_ours && info.status() != QWebEngineLoadingInfo::LoadStartedStatus) busy_ = false;
+    if (!is_ours || info.status() == QWebEngineLoadingInfo::LoadStartedStatus || !busy_) return;
+    is_loaded_ = true;
+    if (is_script_there_) return NoteReady();
+    // Its message is under way still, or it is not there.
+    page_->runJavaScript("quorrel.load", QWebEngineScript::ApplicationWorld,
+                         [this, load = load_](const QVariant& answer) {
+                             if (load != load_ || !busy_) return;
+                             if (answer.toInt() == load) {
+                                 NoteReady();
+                             } else {
+                                 EndLoad();
+                             }
+                         });
+}
+
+void WebSurface::NoteMessage(const QString& text) {
+    if (!text.startsWith(token_)) return;
+    const auto message = QJsonDocument::fromJson(text.mid(token_.size()).toUtf8()).object();
+    if (message["load"].toInt() != load_) return;
+    const QString type = message["type"].toString();
+    if (type == "ready") {
+        is_script_there_ = true;
+        if (is_loaded_) NoteReady();
+    }
+    if (!IsReady()) return;
+    Events events;
+    if (type == "edited") {
+        calls_->SetVersion(message["version"].toInt());
+    } else if (type == "display") {
+        if (!display_timer_.isActive()) display_timer_.start();
+    } else if (type == "doubleclick") {
+        events.double_click = true;
+        Raise(events);
+    } else if (type == "link") {
+        events.link = QUrl(message["url"].toString());
+        Raise(events);
+    }
+}
+
+void WebSurface::NoteReady() {
+    if (!busy_) return;
+    calls_->SetLoad(load_);
+    EndLoad();
+}
+
+void WebSurface::EndLoad() {
+    busy_ = false;
+    Events events;
+    events.complete = true;
+    events.display = true;
+    Raise(events);
 }
 
 void WebSurface::NoteCrash() {
+    is_lost_ = IsReady() && calls_->Version() != 0;
+    calls_->SetLoad(0);
     busy_ = false;
     ShowHint("The topic cannot be shown: the web engine stopped. Open the topic again to retry.");
 }
@@ -142,6 +323,82 @@ void WebSurface::NoteCrash() {
 void WebSurface::FollowLink(const QUrl& url) {
     const std::string path = PathOfUrl(url);
     if (!path.empty() && link_clicked) link_clicked(path, url.fragment());
+}
+
+// ---- Events
+
+void WebSurface::Raise(Events events) {
+    events_.complete |= events.complete;
+    events_.display |= events.display;
+    events_.double_click |= events.double_click;
+    if (events.menu) events_.menu = events.menu;
+    if (!events.link.isEmpty()) events_.link = events.link;
+    QMetaObject::invokeMethod(this, &WebSurface::DeliverEvents, Qt::QueuedConnection);
+}
+
+void WebSurface::DeliverEvents() {
+    // Within a call they wait for its end.
+    if (calls_ && calls_->IsWaiting()) return;
+    const Events events = std::exchange(events_, {});
+    if (events.complete && DocumentComplete) DocumentComplete();
+    if (events.display && DisplayChanged) DisplayChanged();
+    if (events.double_click && ondblclick) ondblclick();
+    if (!events.link.isEmpty()) FollowLink(events.link);
+    if (!events.menu) return;
+    if (ShowContextMenu) {
+        ShowContextMenu(events.menu->x(), events.menu->y());
+    } else {
+        ShowOwnMenu(*events.menu);
+    }
+}
+
+void WebSurface::ShowOwnMenu(const QPoint& place) {
+    if (view_.isNull()) return;
+    auto* menu = new QMenu(view_);
+    menu->setObjectName("TopicMenu");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [&](const QString& text, int command) {
+        QAction* action = menu->addAction(text, this, [this, command] {
+            if (QueryStatus(command) >= command_status::kEnabled) ExecCommand(command);
+        });
+        action->setEnabled(QueryStatus(command) >= command_status::kEnabled);
+    };
+    add("Cu&t", surface_command::DECMD_CUT);
+    add("&Copy", surface_command::DECMD_COPY);
+    add("&Paste", surface_command::DECMD_PASTE);
+    add("Select &All", surface_command::DECMD_SELECTALL);
+    menu->popup(view_->mapToGlobal(place));
+}
+
+// ---- How the page looks and behaves
+
+void WebSurface::ApplyLook() {
+    if (IsReady()) calls_->Post("view", {LookForPage()});
+}
+
+void WebSurface::SetBrowseMode(bool on) {
+    look_.browse = on;
+    ApplyLook();
+}
+
+void WebSurface::SetShowBorders(bool on) {
+    look_.borders = on;
+    ApplyLook();
+}
+
+void WebSurface::SetShowDetails(bool on) {
+    look_.details = on;
+    ApplyLook();
+}
+
+void WebSurface::SetSnapToGrid(bool on) {
+    look_.grid = on;
+    ApplyLook();
+}
+
+void WebSurface::SetFocus() {
+    if (view_.isNull()) return;
+    view_->setFocus();
 }
 
 }  // namespace quorrel

@@ -1,18 +1,24 @@
-// The topic as the web engine shows it.
+// The editing surface on the web engine.
 #pragma once
 
 #include <QElapsedTimer>
+#include <QJsonObject>
 #include <QObject>
+#include <QPoint>
 #include <QPointer>
+#include <QTimer>
 #include <QUrl>
+#include <QVariant>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
-#include "platform/failure.hpp"
 #include "platform/file_system.hpp"
 #include "platform/surfaces.hpp"
+#include "ui/page_calls.hpp"
+#include "ui/web_document.hpp"
 
 class QLabel;
 class QStackedWidget;
@@ -23,9 +29,14 @@ class QWebEngineView;
 namespace quorrel {
 
 class TopicPage;
+class TopicView;
 
-/// A read-only surface. Scripts, plug-ins and the network are off. The engine is started by the
-/// first document, so that the window is there before it.
+/// The document is served from memory under a URL that mirrors its path, and edited by a script
+/// of ours beside the page. The page's own scripts, plug-ins and the network are off. The engine
+/// is started by the first document, so that the window is there before it.
+///
+/// Until the document is there (Busy) it cannot be edited: nothing is selected, commands are
+/// disabled. When the engine fails, edits that it alone knew are lost, and DocumentHTML raises 57.
 class WebSurface : public QObject, public EditSurface {
     Q_OBJECT
   public:
@@ -34,71 +45,127 @@ class WebSurface : public QObject, public EditSurface {
 
     void LoadDocument(std::string_view path) override;
     void SaveDocument(std::string_view path) override;
+    void DocumentSaved(std::string_view path) override;
     void NewDocument(std::string_view why) override;
     std::string DocumentHTML() const override;
     void SetDocumentHTML(std::string_view html) override;
+    /// Kept for the caller; the document is shown from its own path.
     std::string BaseURL() const override { return base_url_; }
     void SetBaseURL(std::string_view url) override { base_url_ = url; }
     std::string CurrentDocumentPath() const override { return path_; }
     TextEncoding Encoding() const override { return encoding_; }
-    void DocumentSaved(std::string_view path) override { path_ = path; }
-    bool IsDirty() const override { return false; }
-    Document& DOM() override { throw RuntimeError(445, "not available"); }
-    using EditSurface::ExecCommand;
-    CommandValue ExecCommand(int, CommandOption, const CommandValue&) override {
-        throw RuntimeError(445, "not available");
-    }
-    int QueryStatus(int) override { return 0; }
-    void Print() override {}
-    void SetFocus() override {}
-    void SetBrowseMode(bool) override {}
-    void SetShowBorders(bool) override {}
-    bool ShowBorders() const override { return false; }
-    void SetShowDetails(bool) override {}
-    bool ShowDetails() const override { return false; }
-    void SetSnapToGrid(bool) override {}
-    bool SnapToGrid() const override { return false; }
+    bool IsDirty() const override;
     bool Busy() const override;
-    void SetSourceCodePreservation(bool on) override { preserve_ = on; }
+
+    Document& DOM() override { return document_; }
+    using EditSurface::ExecCommand;
+    CommandValue ExecCommand(int command, CommandOption option, const CommandValue& value) override;
+    int QueryStatus(int command) override;
+    void Print() override;
+    void SetFocus() override;
+
+    void SetBrowseMode(bool on) override;
+    void SetSourceCodePreservation(bool on) override;
     bool SourceCodePreservation() const override { return preserve_; }
+    void SetShowBorders(bool on) override;
+    bool ShowBorders() const override { return look_.borders; }
+    void SetShowDetails(bool on) override;
+    bool ShowDetails() const override { return look_.details; }
+    void SetSnapToGrid(bool on) override;
+    bool SnapToGrid() const override { return look_.grid; }
 
     /// What is placed in the window. It belongs to its parent as soon as it has one.
     [[nodiscard]] QWidget* Widget() const;
     /// Null before the first document.
     [[nodiscard]] QWebEngineView* View() const;
+    /// Shows a text in place of the document, until the next one comes.
+    void ShowHint(const QString& text);
 
     /// The code page of documents that name none.
     std::function<int()> code_page;
-    /// The user clicked a link to a file: its Windows path, and a bookmark.
+    /// The user followed a link to a file: its Windows path, and a bookmark. While editing this
+    /// takes Ctrl and a click.
     std::function<void(const std::string& path, const QString& bookmark)> link_clicked;
     /// The next document is shown from this bookmark on.
     void SetNextBookmark(const QString& bookmark) { next_bookmark_ = bookmark; }
 
   private:
+    /// How the page is to look and behave.
+    struct Look {
+        bool browse = false;
+        bool borders = false;
+        bool details = false;
+        bool grid = false;
+    };
+    /// What is to be told when no call is under way.
+    struct Events {
+        bool complete = false;
+        bool display = false;
+        bool double_click = false;
+        std::optional<QPoint> menu;
+        QUrl link;
+    };
+
     void StartEngine();
+    void ConnectPage();
     void Show();
-    void ShowHint(const QString& text);
+    void StartLoad();
+    QJsonObject Setup() const;
+    QJsonObject LookForPage() const;
+    void ApplyLook();
+
     void NoteLoading(const QWebEngineLoadingInfo& info);
+    void NoteMessage(const QString& text);
+    void NoteReady();
     void NoteCrash();
+    void EndLoad();
     void FollowLink(const QUrl& url);
+    void Raise(Events events);
+    void DeliverEvents();
+    void ShowOwnMenu(const QPoint& place);
+
+    [[nodiscard]] bool IsReady() const;
+    [[nodiscard]] int Version() const;
+    [[nodiscard]] std::string EditedSource() const;
+    [[nodiscard]] QVariantMap Statuses();
 
     FileSystem& files_;
     QPointer<QStackedWidget> stack_;
     QPointer<QLabel> hint_;
     std::unique_ptr<QWebEngineProfile> profile_;
-    QPointer<QWebEngineView> view_;
+    QPointer<TopicView> view_;
     QPointer<TopicPage> page_;
+    std::unique_ptr<PageCalls> calls_;
+    WebDocument document_;
 
-    std::string bytes_;
-    TextEncoding encoding_;
+    std::string source_;  // as it was loaded or set
+    TextEncoding encoding_{TextEncoding::Form::kUtf8, kUtf8CodePage};
     std::string path_;
     std::string base_url_;
+    bool is_set_ = false;   // the text was set, and is in no file since
+    bool is_lost_ = false;  // the engine took edits with it
+    int saved_version_ = 0;
+    // What the page gave for which state.
+    mutable std::string html_;
+    mutable int html_version_ = 0;
+    /// The page may have changed without having said so yet.
+    mutable bool is_input_seen_ = false;
+
+    QString token_;
+    QTimer load_timer_;
     QUrl url_;
     QString next_bookmark_;
+    QString bookmark_;
     int load_ = 0;
+    bool is_loaded_ = false;
+    bool is_script_there_ = false;
     bool busy_ = false;
     QElapsedTimer busy_since_;
+
     bool preserve_ = true;
+    Look look_;
+    Events events_;
+    QTimer display_timer_;
 };
 
 }  // namespace quorrel

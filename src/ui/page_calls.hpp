@@ -1,0 +1,60 @@
+// Calls from the program into the script that edits a page.
+#pragma once
+
+#include <QEventLoop>
+#include <QJsonArray>
+#include <QObject>
+#include <QPointer>
+#include <QVariant>
+
+#include <vector>
+
+class QWebEnginePage;
+
+namespace quorrel {
+
+/// Calls by name, each waited for. Events other than the user's run meanwhile.
+class PageCalls : public QObject {
+    Q_OBJECT
+  public:
+    PageCalls(QWebEnginePage* page, QObject* parent);
+
+    /// The load whose script answers from now on; 0 for none. What is waited for ends.
+    void SetLoad(int load);
+    [[nodiscard]] int Load() const { return load_; }
+
+    /// Gives what the function in the page gives. Raises what the function raises, 91 where there
+    /// is no document, and 57 when the page does not answer.
+    QVariant Call(const char* name, const QJsonArray& arguments = {});
+    /// As Call, for an object of one load: raises 91 when that is over.
+    QVariant CallFor(int load, const char* name, const QJsonArray& arguments);
+    /// Calls without waiting. Calls keep their order.
+    void Post(const char* name, const QJsonArray& arguments);
+
+    /// The page drops an object that was kept for the program. Done with the next call.
+    void Release(int load, int object);
+
+    /// A call is being waited for.
+    [[nodiscard]] bool IsWaiting() const { return waiting_ > 0; }
+    /// The state of the content: 0 as loaded, and another number for each other state.
+    [[nodiscard]] int Version() const { return version_; }
+    void SetVersion(int version) { version_ = version; }
+
+  signals:
+    /// Nobody waits any longer.
+    void Idle();
+    /// What is being waited for will not come.
+    void Ended();
+
+  private:
+    QString Code(const char* name, const QJsonArray& arguments);
+    QVariant Run(const QString& code);
+
+    QPointer<QWebEnginePage> page_;
+    std::vector<int> released_;
+    int load_ = 0;
+    int version_ = 0;
+    int waiting_ = 0;
+};
+
+}  // namespace quorrel

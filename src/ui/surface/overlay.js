@@ -1,0 +1,2 @@
+// What we draw over the page.
+function drawSoon() {}

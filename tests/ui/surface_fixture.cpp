@@ -1,0 +1,110 @@
+#include "ui/surface_fixture.hpp"
+
+#include <QWebEnginePage>
+#include <QWebEngineScript>
+
+#include "platform/text.hpp"
+
+namespace quorrel::test {
+
+SurfaceFixture::SurfaceFixture() : surface(files) {
+    surface.Widget()->resize(600, 400);
+    surface.Widget()->show();
+}
+
+SurfaceFixture::~SurfaceFixture() = default;
+
+void SurfaceFixture::Open(const std::string& html) {
+    folder.Write("topic.htm", html);
+    surface.LoadDocument(folder.Windows("topic.htm"));
+    WaitUntilThere();
+}
+
+void SurfaceFixture::OpenBody(const std::string& body) {
+    Open("<html><head><title>T</title></head><body>" + body + "</body></html>");
+}
+
+void SurfaceFixture::WaitUntilThere() {
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !surface.Busy(); }, 20000));
+    ASSERT_NE(surface.DOM().body(), nullptr);
+}
+
+std::string SurfaceFixture::Body() {
+    const std::string html = surface.DocumentHTML();
+    const std::size_t start = html.find('>', FindIgnoringAsciiCase(html, "<BODY")) + 1;
+    return html.substr(start, FindIgnoringAsciiCase(html, "</BODY") - start);
+}
+
+std::string SurfaceFixture::BodyWithSelection() {
+    const std::string before = surface.DocumentHTML();
+    const bool was_dirty = surface.IsDirty();
+    const auto marked = [&](bool at_start) {
+        const auto range = Range();
+        range->collapse(at_start);
+        range->pasteHTML("QRLSEL28");
+        std::string body = Body();
+        surface.ExecCommand(surface_command::DECMD_UNDO);
+        return body;
+    };
+    const bool is_caret = surface.DOM().selection().Type() == SelectionType::kNone;
+    const std::size_t end = marked(false).find("QRLSEL28");
+    std::string body = marked(true);
+    const std::size_t start = body.find("QRLSEL28");
+    EXPECT_EQ(surface.DocumentHTML(), before);
+    EXPECT_EQ(surface.IsDirty(), was_dirty);
+    body.replace(start, 8, is_caret ? "^" : "[");
+    if (!is_caret) body.insert(end + 1, "]");
+    return body;
+}
+
+void SurfaceFixture::Select(const std::string& text) {
+    const auto range = surface.DOM().body()->createTextRange();
+    range->collapse(true);
+    ASSERT_TRUE(range->findText(text, 1000000, 4)) << text;
+    range->Select();
+}
+
+void SurfaceFixture::CaretAfter(const std::string& text) {
+    Select(text);
+    const auto range = Range();
+    range->collapse(false);
+    range->Select();
+}
+
+void SurfaceFixture::Type(const QString& text) {
+    surface.SetFocus();
+    QTest::keyClicks(Input(), text);
+}
+
+void SurfaceFixture::Key(Qt::Key key, Qt::KeyboardModifiers held) {
+    surface.SetFocus();
+    QTest::keyClick(Input(), key, held);
+}
+
+void SurfaceFixture::Click(const QPoint& place, Qt::KeyboardModifiers held) {
+    QTest::mouseClick(Input(), Qt::LeftButton, held, place);
+}
+
+QRect SurfaceFixture::PlaceOf(const QString& selector) {
+    QRect place;
+    bool is_there = false;
+    const QString code =
+        "(() => { const r = document.querySelector('%1').getBoundingClientRect();"
+        "return [r.left, r.top, r.width, r.height]; })()";
+    surface.View()->page()->runJavaScript(
+        code.arg(selector), QWebEngineScript::ApplicationWorld, [&](const QVariant& answer) {
+            const QVariantList r = answer.toList();
+            if (r.size() == 4) place = {r[0].toInt(), r[1].toInt(), r[2].toInt(), r[3].toInt()};
+            is_there = true;
+        });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return is_there; }, 20000));
+    return place;
+}
+
+bool SurfaceFixture::BodyBecomes(const std::string& body) {
+    const bool has_come = QTest::qWaitFor([&] { return Body() == body; }, 5000);
+    EXPECT_EQ(Body(), body);
+    return has_come;
+}
+
+}  // namespace quorrel::test
