@@ -25,6 +25,10 @@ class NativeFileSystem : public FileSystem {
     std::string NativePath(std::string_view path) const override;
     std::string WindowsPath(std::string_view native) const override;
 
+    /// The native path, in bytes, with the on-disk spelling of each part that exists. A part that
+    /// does not exist stays as given. Raises 53 for what cannot be a path.
+    [[nodiscard]] std::string Resolve(std::string_view path);
+
   private:
     using Names = std::unordered_map<std::string, std::string, IgnoringCaseHash, IgnoringCaseEqual>;
 
@@ -35,9 +39,6 @@ class NativeFileSystem : public FileSystem {
         Names names;
     };
 
-    /// The native path with the on-disk spelling of each part that exists. A part that does not
-    /// exist stays as given.
-    std::string Resolve(std::string_view path);
     /// The on-disk spelling of `name` in `folder`, or an empty string.
     std::string Spelling(const std::string& folder, const std::string& name);
 
