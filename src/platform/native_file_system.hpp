@@ -31,6 +31,10 @@ class NativeFileSystem : public FileSystem {
     /// A replaced file survives a loss of power, at the cost of waiting for the disk.
     bool flush_to_disk = true;
 
+    /// The native path, in bytes, with the on-disk spelling of each part that exists. A part that
+    /// does not exist stays as given. Raises 53 for what cannot be a path.
+    [[nodiscard]] std::string Resolve(std::string_view path);
+
   private:
     using Names = std::unordered_map<std::string, std::string, IgnoringCaseHash, IgnoringCaseEqual>;
 
@@ -41,9 +45,6 @@ class NativeFileSystem : public FileSystem {
         Names names;
     };
 
-    /// The native path with the on-disk spelling of each part that exists. A part that does not
-    /// exist stays as given.
-    std::string Resolve(std::string_view path);
     /// The on-disk spelling of `name` in `folder`, or an empty string.
     std::string Spelling(const std::string& folder, const std::string& name);
 

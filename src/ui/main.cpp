@@ -9,10 +9,12 @@
 #include "app/main_form.hpp"
 #include "app/startup.hpp"
 #include "platform/native_file_system.hpp"
+#include "platform/native_shell.hpp"
 #include "platform/silent_services.hpp"
 #include "ui/appearance.hpp"
 #include "ui/main_window.hpp"
 #include "ui/qt_screen.hpp"
+#include "ui/source_view.hpp"
 #include "ui/topic_scheme.hpp"
 #include "ui/web_surface.hpp"
 
@@ -55,12 +57,12 @@ int main(int argc, char** argv) {
     NativeFileSystem files;
     QtScreen screen(files);
     WebSurface surface(files);
-    PlainSource source;
+    SourceView source;
     SilentBrowser browser;
-    SilentShell shell;
+    NativeShell shell(files);
     MainForm main_form({files, screen, surface, source, browser, shell},
                        files.WindowsPath(NativeSettingsFolder()));
-    MainWindow window(main_form, surface);
+    MainWindow window(main_form, surface, source.Widget(), nullptr);
     QObject::connect(&window, &MainWindow::Closed, &app, &QCoreApplication::quit,
                      Qt::QueuedConnection);
     QTimer::singleShot(0, &window, [&] { Form_Load(main_form, command_line); });

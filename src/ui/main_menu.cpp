@@ -8,6 +8,7 @@
 #include "app/form_settings.hpp"
 #include "app/main_form.hpp"
 #include "project/open_project.hpp"
+#include "project/save_project.hpp"
 #include "ui/about_box.hpp"
 #include "ui/listen.hpp"
 #include "ui/qt_text.hpp"
@@ -60,6 +61,15 @@ MainMenu MakeMainMenu(MainForm& main, QMainWindow* window) {
         AddCommand(file, "OpenProject", "&Open Project...", [&main] { OpenProject_Click(main); });
     result.OpenProject->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
     result.OpenProject->setToolTip("Open Project (Ctrl+O)");
+    result.FileSave =
+        AddCommand(file, "FileSave", "&Save Project", [&main] { FileSave_Click(main); });
+    result.FileSave->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
+    result.FileSave->setToolTip("Save Project (Ctrl+S)");
+    const auto follow_project = [&main, save = result.FileSave] {
+        save->setEnabled(!main.project.proj.empty());
+    };
+    follow_project();
+    Listen(main.window.window.changed, result.FileSave, follow_project);
     file->addSeparator();
     for (int i = 0; i < RecentProjects::kInMenu; ++i) AddRecent(main, file, i);
     AddSeparator(file, main.window.fileexitsep);

@@ -10,6 +10,7 @@ struct MainForm;
 
 struct MainMenu {
     QAction* OpenProject = nullptr;
+    QAction* FileSave = nullptr;
 };
 
 /// Fills the window's menu bar and follows the recent projects.

@@ -20,6 +20,7 @@
 #include "ui/index_pane.hpp"
 #include "ui/listen.hpp"
 #include "ui/qt_text.hpp"
+#include "ui/topic_area.hpp"
 #include "ui/topics_pane.hpp"
 #include "ui/web_surface.hpp"
 
@@ -41,7 +42,7 @@ void PrepareForWebView(QWidget* window) {
 
 }  // namespace
 
-MainWindow::MainWindow(MainForm& main, WebSurface& surface)
+MainWindow::MainWindow(MainForm& main, WebSurface& surface, QWidget* source, QWidget* preview)
     : main_(main),
       surface_(surface),
       splitter_(new QSplitter),
@@ -60,7 +61,7 @@ MainWindow::MainWindow(MainForm& main, WebSurface& surface)
     MakeToolBar();
     MakeLeftSide();
     splitter_->setObjectName("splitter");
-    splitter_->addWidget(surface_.Widget());
+    splitter_->addWidget(new TopicArea(main_, {surface_.Widget(), source, preview}));
     splitter_->setStretchFactor(0, 0);
     splitter_->setStretchFactor(1, 1);
     splitter_->setChildrenCollapsible(false);
@@ -83,12 +84,15 @@ void MainWindow::MakeToolBar() {
     bar->setMovable(false);
     bar->toggleViewAction()->setVisible(false);
     bar->addAction(menu_.OpenProject);
+    bar->addAction(menu_.FileSave);
     ShowIcons();
 }
 
 void MainWindow::ShowIcons() {
     menu_.OpenProject->setIcon(QIcon::fromTheme(
         "document-open", QApplication::style()->standardIcon(QStyle::SP_DialogOpenButton)));
+    menu_.FileSave->setIcon(QIcon::fromTheme(
+        "document-save", QApplication::style()->standardIcon(QStyle::SP_DialogSaveButton)));
 }
 
 void MainWindow::MakeLeftSide() {
@@ -147,7 +151,11 @@ void MainWindow::FollowTabs() {
 }
 
 void MainWindow::FollowStatus() {
-    state_->ShowText(ToQt(main_.window.StatusBar1.Panel(1)));
+    const std::string& state = main_.window.StatusBar1.Panel(1);
+    // The logic puts the title back at once; the reader needs a moment.
+    constexpr int kMoment = 3000;
+    if (state == "Project Saved.") statusBar()->showMessage(ToQt(state), kMoment);
+    state_->ShowText(ToQt(state));
     path_->ShowText(ToQt(main_.window.StatusBar1.Panel(2)));
 }
 

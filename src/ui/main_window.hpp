@@ -22,7 +22,7 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
     /// The window comes up when the logic makes it visible.
-    MainWindow(MainForm& main, WebSurface& surface);
+    MainWindow(MainForm& main, WebSurface& surface, QWidget* source, QWidget* preview);
 
   signals:
     /// The run is over.

@@ -8,22 +8,11 @@
 
 #include "app/main_form.hpp"
 #include "ui/listen.hpp"
-#include "ui/preview_pane.hpp"
 #include "ui/qt_text.hpp"
-#include "ui/source_view.hpp"
-#include "ui/web_surface.hpp"
 
 namespace quorrel {
-namespace {
 
-/// The views that can be shown; the others have their tabs already and wait for their panes.
-bool HasPane(int tab) {
-    return tab == right_tab::kNormal || tab == right_tab::kSource || tab == right_tab::kPreview;
-}
-
-}  // namespace
-
-TopicArea::TopicArea(MainForm& main, WebSurface& surface, SourceView& source, PreviewPane& preview)
+TopicArea::TopicArea(MainForm& main, const TopicPanes& panes)
     : main_(main), tabs_(new QTabBar), panes_(new QStackedWidget), external_(new QLabel) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -34,9 +23,9 @@ TopicArea::TopicArea(MainForm& main, WebSurface& surface, SourceView& source, Pr
     external_->setText("Using External Editor");
     external_->setAlignment(Qt::AlignCenter);
     panes_->addWidget(external_);
-    AddPane("DHTMLEdit1", surface.Widget());
-    AddPane("Source1", source.Widget());
-    AddPane("WebBrowser1", preview.Widget());
+    AddPane(right_tab::kNormal, "DHTMLEdit1", panes.surface);
+    AddPane(right_tab::kSource, "Source1", panes.source);
+    AddPane(right_tab::kPreview, "WebBrowser1", panes.preview);
     MakeTabs();
     Listen(main_.window.TabStrip2.changed, this, [this] { FollowTabs(); });
     Listen(main_.window.LabelExtEditor.changed, this, [this] { FollowExternalEditor(); });
@@ -55,8 +44,9 @@ void TopicArea::MakeTabs() {
     const TabStrip& strip = main_.window.TabStrip2;
     for (int i = 1; i <= strip.Count(); ++i) {
         tabs_->addTab(WithoutMnemonics(ToQt(strip.TabCaption(i))));
-        tabs_->setTabEnabled(i - 1, HasPane(i));
-        if (!HasPane(i)) tabs_->setTabToolTip(i - 1, "Not available yet.");
+        if (shown_tabs_.contains(i)) continue;
+        tabs_->setTabEnabled(i - 1, false);
+        tabs_->setTabToolTip(i - 1, "Not available yet.");
     }
     connect(tabs_, &QTabBar::currentChanged, this,
             [this](int tab) { main_.window.TabStrip2.SelectedIndex = tab + 1; });
@@ -73,7 +63,9 @@ void TopicArea::MakeTabs() {
             [step] { step(-1); });
 }
 
-void TopicArea::AddPane(const char* name, QWidget* pane) {
+void TopicArea::AddPane(int tab, const char* name, QWidget* pane) {
+    if (pane == nullptr) return;
+    shown_tabs_.insert(tab);
     panes_->addWidget(pane);
     Control& control = main_.window.Named(name);
     const auto follow = [this, pane, &control] {

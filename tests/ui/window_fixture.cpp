@@ -34,7 +34,7 @@ WindowFixture::Run::Run(NativeFileSystem& files)
       surface(files),
       main({files, screen, surface, source, browser, shell},
            files.WindowsPath(NativeSettingsFolder()), MachineCodePage{}),
-      window(main, surface) {}
+      window(main, surface, source.Widget(), nullptr) {}
 
 WindowFixture::WindowFixture() {
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder.Native("config")));

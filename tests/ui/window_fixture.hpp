@@ -16,6 +16,7 @@
 #include "ui/main_window.hpp"
 #include "ui/modal_script.hpp"
 #include "ui/qt_screen.hpp"
+#include "ui/source_view.hpp"
 #include "ui/web_surface.hpp"
 
 namespace quorrel::test {
@@ -30,7 +31,7 @@ class WindowFixture : public testing::Test {
         explicit Run(NativeFileSystem& files);
         QtScreen screen;
         WebSurface surface;
-        PlainSource source;
+        SourceView source;
         SilentBrowser browser;
         SilentShell shell;
         MainForm main;

@@ -1,0 +1,35 @@
+// Starts programs on a system with "/" paths.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/native_file_system.hpp"
+#include "platform/surfaces.hpp"
+
+namespace quorrel {
+
+/// Programs run in a session of their own, so that they outlive this one, with nothing to read
+/// from and nothing of ours open.
+class NativeShell : public Shell {
+  public:
+    explicit NativeShell(NativeFileSystem& files) : files_(files) {}
+
+    /// The program is the first word in double quotes, else the longest beginning of the line, up
+    /// to a blank, that is a file, else the first word, looked up in PATH. Arguments are separated
+    /// by blanks outside of double quotes; those of the form "Z:\..." are handed over as native
+    /// paths. "start" opens a document or an address with the desktop's own program. The style has
+    /// no meaning here: a window manager does not take it from a starter.
+    void Start(std::string_view command_line, WindowStyle style) override;
+
+  private:
+    /// Takes the program off the front of `line` and gives its native path.
+    std::string TakeProgram(std::string_view& line);
+    std::string ProgramFile(std::string_view name);
+    std::vector<std::string> Arguments(std::string_view line);
+
+    NativeFileSystem& files_;
+};
+
+}  // namespace quorrel
