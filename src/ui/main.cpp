@@ -11,6 +11,7 @@
 #include "platform/native_file_system.hpp"
 #include "platform/silent_services.hpp"
 #include "ui/appearance.hpp"
+#include "ui/closed_network.hpp"
 #include "ui/main_window.hpp"
 #include "ui/qt_screen.hpp"
 #include "ui/topic_scheme.hpp"
@@ -34,6 +35,7 @@ void PrepareWebEngine() {
     if (!qEnvironmentVariableIsSet("QT_LOGGING_RULES")) {
         QLoggingCategory::setFilterRules("qt.webenginecontext*=false");
     }
+    quorrel::CloseNetwork();
     quorrel::RegisterTopicScheme();
     QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
 }
