@@ -81,6 +81,13 @@ void PreviewPage::OfferExternal(const QUrl& url) {
     QMetaObject::invokeMethod(this, open, Qt::QueuedConnection);
 }
 
+bool PreviewPage::MayOpen(const QUrl& url) {
+    return ShowDialog(ScriptDialog::Kind::kConfirm,
+                      "A script of this page wants to open an address in the browser:\n\n" +
+                          url.toString(QUrl::FullyEncoded),
+                      nullptr);
+}
+
 void PreviewPage::NoteNewWindow(QWebEngineNewWindowRequest& request) {
     if (!request.isUserInitiated()) return;
     const QUrl url = request.requestedUrl();

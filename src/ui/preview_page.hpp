@@ -23,6 +23,9 @@ class PreviewPage : public QWebEnginePage {
     /// The program goes elsewhere: a page that was silenced is gone.
     void ForgetDialogs();
 
+    /// Asks the user about an address that a script has made.
+    bool MayOpen(const QUrl& url);
+
     /// A document of ours is about to be asked for.
     std::function<void(const QUrl&, bool is_main)> opening;
     /// The user clicked a link that leads out.

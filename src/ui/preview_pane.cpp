@@ -3,6 +3,7 @@
 #include <QDesktopServices>
 #include <QLabel>
 #include <QStackedWidget>
+#include <QWebEngineHistory>
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineProfile>
 
@@ -19,6 +20,7 @@ namespace quorrel {
 namespace {
 
 constexpr const char* kWindowName = "PreviewWindow";
+constexpr int kStepsBack = 1000;
 
 std::string PageWith(const QString& text) {
     return FromQt(
@@ -105,8 +107,8 @@ void PreviewPane::Connect(PreviewPage& page) {
         if (is_main) opening_.clear();
         opening_.insert(WithoutBookmark(url));
     };
-    page.open_external = [this](const QUrl& url) {
-        if (open_external) open_external(url);
+    page.open_external = [this, &page](const QUrl& url) {
+        if (IsInSource(page.url(), url) || page.MayOpen(url)) open_external(url);
     };
     page.open_window = [this](QWebEngineNewWindowRequest& request) { OpenWindow(request); };
 }
@@ -124,10 +126,6 @@ void PreviewPane::Navigate(std::string_view target) {
         path = target.substr(0, mark);
         bookmark = ToQt(target.substr(mark + 1));
     }
-    const bool is_shown = PathOfUrl(page_->url()) == path;
-    if (is_shown && page_->url().fragment() == bookmark) {
-        return page_->triggerAction(QWebEnginePage::ReloadAndBypassCache);
-    }
     // On the same host the engine would take style sheets and pictures from its memory, and wait
     // for a script of the page before that does not end.
     QUrl url = OnHostOfItsOwn(UrlOfTopic(path, 1), ++load_);
@@ -136,7 +134,17 @@ void PreviewPane::Navigate(std::string_view target) {
 }
 
 void PreviewPane::GoBack() {
-    if (!page_.isNull()) page_->triggerAction(QWebEnginePage::Back);
+    if (page_.isNull()) return;
+    const QUrl shown = page_->url();
+    const auto is_shown = [&](const QUrl& url) {
+        return url.host() != shown.host() && PathOfUrl(url) == PathOfUrl(shown) &&
+               url.fragment() == shown.fragment();
+    };
+    // A topic that was tried out several times in a row is one step.
+    const QList<QWebEngineHistoryItem> before = page_->history()->backItems(kStepsBack);
+    for (auto item = before.rbegin(); item != before.rend(); ++item) {
+        if (!is_shown(item->url())) return page_->history()->goToItem(*item);
+    }
 }
 
 void PreviewPane::Refresh() {
@@ -173,6 +181,23 @@ void PreviewPane::NoteCrash() {
     if (stack_.isNull()) return;
     hint_->setText("The preview stopped. Open the topic again to retry.");
     stack_->setCurrentWidget(hint_);
+}
+
+bool PreviewPane::IsInSource(const QUrl& topic, const QUrl& address) {
+    try {
+        const std::string bytes = files_.ReadFile(PathOfUrl(topic));
+        const QString text = QString::fromUtf8(HtmlForEngine(bytes, code_page()))
+                                 .replace("&amp;", "&", Qt::CaseInsensitive);
+        for (const auto form : {QUrl::PrettyDecoded, QUrl::FullyEncoded}) {
+            QString written = address.toString(form);
+            // "http://www.example.org" has got a "/".
+            if (written.endsWith('/')) written.chop(1);
+            if (text.contains(written, Qt::CaseInsensitive)) return true;
+        }
+    } catch (const RuntimeError&) {
+        return IsAddress(PathOfUrl(topic));  // the page for an address is ours
+    }
+    return false;
 }
 
 std::optional<std::string> PreviewPane::Substitute(const QUrl& url) {

@@ -52,6 +52,9 @@ class PreviewPane : public QObject, public WebBrowser {
     void Connect(PreviewPage& page);
     void OpenWindow(QWebEngineNewWindowRequest& request);
     void NoteCrash();
+    /// Whether the topic as written leads to the address. A script can read files, and make what
+    /// it has read part of an address.
+    [[nodiscard]] bool IsInSource(const QUrl& topic, const QUrl& address);
     /// A page of ours in place of a document that is not there.
     [[nodiscard]] std::optional<std::string> Substitute(const QUrl& url);
 

