@@ -12,6 +12,7 @@
 #include "platform/native_shell.hpp"
 #include "platform/silent_services.hpp"
 #include "ui/appearance.hpp"
+#include "ui/closed_network.hpp"
 #include "ui/main_window.hpp"
 #include "ui/qt_screen.hpp"
 #include "ui/source_view.hpp"
@@ -36,6 +37,7 @@ void PrepareWebEngine() {
     if (!qEnvironmentVariableIsSet("QT_LOGGING_RULES")) {
         QLoggingCategory::setFilterRules("qt.webenginecontext*=false");
     }
+    quorrel::CloseNetwork();
     quorrel::RegisterTopicScheme();
     QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
 }

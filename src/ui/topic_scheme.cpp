@@ -54,10 +54,17 @@ QUrl UrlOfTopic(const std::string& path, int load) {
 }
 
 std::string PathOfUrl(const QUrl& url) {
-    if (url.scheme() != kTopicScheme || url.host() != kTopicHost) return {};
+    const QString host = url.host();
+    const bool is_topic = host == kTopicHost || host.endsWith("." + kTopicHost);
+    if (url.scheme() != kTopicScheme || !is_topic) return {};
     const QByteArray encoded = url.path(QUrl::FullyEncoded).toLatin1();
     const std::string path = QByteArray::fromPercentEncoding(encoded).toStdString();
     return ReplaceAll(std::string_view(path).substr(path.starts_with('/') ? 1 : 0), "/", "\\");
+}
+
+QUrl OnHostOfItsOwn(QUrl url, int number) {
+    url.setHost(QString::number(number) + "." + kTopicHost);
+    return url;
 }
 
 QUrl BlankUrl() {

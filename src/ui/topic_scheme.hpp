@@ -22,6 +22,9 @@ void RegisterTopicScheme();
 [[nodiscard]] QUrl UrlOfTopic(const std::string& path, int load);
 /// The Windows path of such a URL; empty for another one.
 [[nodiscard]] std::string PathOfUrl(const QUrl& url);
+/// The same topic for an engine that shall see all of it anew, with the files beside it. `number`
+/// makes the hosts of two loads differ.
+[[nodiscard]] QUrl OnHostOfItsOwn(QUrl url, int number);
 /// A URL of an empty document.
 [[nodiscard]] QUrl BlankUrl();
 

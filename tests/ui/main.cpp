@@ -4,11 +4,13 @@
 #include <QApplication>
 
 #include "ui/appearance.hpp"
+#include "ui/closed_network.hpp"
 #include "ui/topic_scheme.hpp"
 
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    quorrel::CloseNetwork();
     quorrel::RegisterTopicScheme();
     QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     testing::InitGoogleTest(&argc, argv);

@@ -1,0 +1,217 @@
+#include "ui/preview_pane.hpp"
+
+#include <QDesktopServices>
+#include <QLabel>
+#include <QStackedWidget>
+#include <QWebEngineHistory>
+#include <QWebEngineNewWindowRequest>
+#include <QWebEngineProfile>
+
+#include "platform/code_page.hpp"
+#include "platform/failure.hpp"
+#include "platform/text.hpp"
+#include "ui/preview_page.hpp"
+#include "ui/preview_view.hpp"
+#include "ui/qt_text.hpp"
+#include "ui/topic_page.hpp"
+#include "ui/topic_scheme.hpp"
+
+namespace quorrel {
+namespace {
+
+constexpr const char* kWindowName = "PreviewWindow";
+constexpr int kStepsBack = 1000;
+
+std::string PageWith(const QString& text) {
+    return FromQt(
+        "\uFEFF<!DOCTYPE html><html><head><title>Quorrel</title><style>"
+        ":root{color-scheme:light dark}body{font:1em sans-serif;margin:2em;"
+        "overflow-wrap:anywhere}</style></head><body><p>" +
+        text + "</p></body></html>");
+}
+
+QUrl WithoutBookmark(const QUrl& url) {
+    return url.adjusted(QUrl::RemoveFragment);
+}
+
+/// Whether the target is no file: "http://www.example.org", unlike "Z:\\a.htm".
+bool IsAddress(std::string_view target) {
+    const std::size_t colon = target.find(':');
+    return colon != npos && colon > 1 && target.substr(0, colon).find_first_of("\\/#") == npos;
+}
+
+std::string PageForAddress(const std::string& path) {
+    const QString address = ToQt(ReplaceAll(path, "\\", "/")).toHtmlEscaped();
+    return PageWith("The preview has no network. Open <a href=\"" + address + "\">" + address +
+                    "</a> in the browser.");
+}
+
+}  // namespace
+
+PreviewPane::PreviewPane(FileSystem& files)
+    : code_page([] { return CodePageOfMachine().number; }),
+      open_external([](const QUrl& url) { QDesktopServices::openUrl(url); }),
+      files_(files),
+      stack_(new QStackedWidget),
+      hint_(new QLabel) {
+    stack_->setObjectName("PreviewArea");
+    hint_->setObjectName("PreviewHint");
+    hint_->setAlignment(Qt::AlignCenter);
+    hint_->setWordWrap(true);
+    hint_->setMargin(24);
+    hint_->setTextFormat(Qt::PlainText);
+    stack_->addWidget(hint_);
+}
+
+PreviewPane::~PreviewPane() {
+    // A page must not outlive its profile.
+    if (!stack_.isNull()) qDeleteAll(stack_->findChildren<QWidget*>(kWindowName));
+    delete page_;
+    if (!stack_.isNull() && stack_->parent() == nullptr) delete stack_;
+}
+
+QWidget* PreviewPane::Widget() const {
+    return stack_;
+}
+
+QWebEngineView* PreviewPane::View() const {
+    return view_;
+}
+
+void PreviewPane::StartEngine() {
+    if (!view_.isNull()) return;
+    // Without a name it keeps nothing on disk.
+    profile_ = std::make_unique<QWebEngineProfile>();
+    profile_->setUrlRequestInterceptor(new RequestFilter(profile_.get()));
+    auto* handler = new TopicSchemeHandler(
+        files_, [this] { return code_page(); }, [this](const QUrl& url) { return Substitute(url); },
+        profile_.get());
+    profile_->installUrlSchemeHandler(kTopicScheme, handler);
+    view_ = new PreviewView(stack_);
+    view_->setObjectName("WebBrowser1");
+    view_->setAccessibleName("Preview");
+    stack_->addWidget(view_);
+    MakePage();
+}
+
+void PreviewPane::MakePage() {
+    delete page_;
+    page_ = new PreviewPage(profile_.get(), this);
+    Connect(*page_);
+    connect(page_, &QWebEnginePage::renderProcessTerminated, this, &PreviewPane::NoteCrash);
+    view_->setPage(page_);
+}
+
+void PreviewPane::Connect(PreviewPage& page) {
+    page.opening = [this](const QUrl& url, bool is_main) {
+        if (is_main) opening_.clear();
+        opening_.insert(WithoutBookmark(url));
+    };
+    page.open_external = [this, &page](const QUrl& url) {
+        if (IsInSource(page.url(), url) || page.MayOpen(url)) open_external(url);
+    };
+    page.open_window = [this](QWebEngineNewWindowRequest& request) { OpenWindow(request); };
+}
+
+void PreviewPane::Navigate(std::string_view target) {
+    if (stack_.isNull()) return;
+    StartEngine();
+    stack_->setCurrentWidget(view_);
+    page_->ForgetDialogs();
+    std::string path(target);
+    QString bookmark;
+    // A "#" may be part of the file's name.
+    const std::size_t mark = target.rfind('#');
+    if (mark != npos && !IsAddress(target) && !files_.FileExists(target)) {
+        path = target.substr(0, mark);
+        bookmark = ToQt(target.substr(mark + 1));
+    }
+    // On the same host the engine would take style sheets and pictures from its memory, and wait
+    // for a script of the page before that does not end.
+    QUrl url = OnHostOfItsOwn(UrlOfTopic(path, 1), ++load_);
+    if (!bookmark.isEmpty()) url.setFragment(bookmark);
+    page_->load(url);
+}
+
+void PreviewPane::GoBack() {
+    if (page_.isNull()) return;
+    const QUrl shown = page_->url();
+    const auto is_shown = [&](const QUrl& url) {
+        return url.host() != shown.host() && PathOfUrl(url) == PathOfUrl(shown) &&
+               url.fragment() == shown.fragment();
+    };
+    // A topic that was tried out several times in a row is one step.
+    const QList<QWebEngineHistoryItem> before = page_->history()->backItems(kStepsBack);
+    for (auto item = before.rbegin(); item != before.rend(); ++item) {
+        if (!is_shown(item->url())) return page_->history()->goToItem(*item);
+    }
+}
+
+void PreviewPane::Refresh() {
+    if (page_.isNull()) return;
+    stack_->setCurrentWidget(view_);
+    page_->ForgetDialogs();
+    page_->triggerAction(QWebEnginePage::ReloadAndBypassCache);
+}
+
+void PreviewPane::Stop() {
+    if (!page_.isNull()) page_->triggerAction(QWebEnginePage::Stop);
+}
+
+void PreviewPane::OpenWindow(QWebEngineNewWindowRequest& request) {
+    auto* window = new PreviewView(stack_);
+    window->setWindowFlag(Qt::Window);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->setObjectName(kWindowName);
+    window->setWindowTitle("Quorrel");
+    auto* page = new PreviewPage(profile_.get(), window);
+    Connect(*page);
+    window->setPage(page);
+    connect(page, &QWebEnginePage::titleChanged, window, &QWidget::setWindowTitle);
+    connect(page, &QWebEnginePage::windowCloseRequested, window, &QWidget::close);
+    connect(page, &QWebEnginePage::geometryChangeRequested, window,
+            [window](const QRect& place) { window->resize(place.size()); });
+    const QSize size = request.requestedGeometry().size();
+    window->resize(size.isEmpty() ? QSize(480, 360) : size);
+    request.openIn(page);
+    window->show();
+}
+
+void PreviewPane::NoteCrash() {
+    if (stack_.isNull()) return;
+    hint_->setText("The preview stopped. Open the topic again to retry.");
+    stack_->setCurrentWidget(hint_);
+}
+
+bool PreviewPane::IsInSource(const QUrl& topic, const QUrl& address) {
+    try {
+        const std::string bytes = files_.ReadFile(PathOfUrl(topic));
+        const QString text = QString::fromUtf8(HtmlForEngine(bytes, code_page()))
+                                 .replace("&amp;", "&", Qt::CaseInsensitive);
+        for (const auto form : {QUrl::PrettyDecoded, QUrl::FullyEncoded}) {
+            QString written = address.toString(form);
+            // "http://www.example.org" has got a "/".
+            if (written.endsWith('/')) written.chop(1);
+            if (text.contains(written, Qt::CaseInsensitive)) return true;
+        }
+    } catch (const RuntimeError&) {
+        return IsAddress(PathOfUrl(topic));  // the page for an address is ours
+    }
+    return false;
+}
+
+std::optional<std::string> PreviewPane::Substitute(const QUrl& url) {
+    // A picture or a script that is missing stays missing.
+    if (!opening_.remove(WithoutBookmark(url))) return std::nullopt;
+    const std::string path = PathOfUrl(url);
+    if (IsAddress(path)) return PageForAddress(path);
+    try {
+        (void)files_.ReadFileHead(path, 0);
+        return std::nullopt;
+    } catch (const RuntimeError&) {
+        const QString name = ToQt(files_.NativePath(path)).toHtmlEscaped();
+        return PageWith("The file " + name + " cannot be found.");
+    }
+}
+
+}  // namespace quorrel
