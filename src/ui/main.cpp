@@ -10,10 +10,10 @@
 #include "app/startup.hpp"
 #include "platform/native_file_system.hpp"
 #include "platform/native_shell.hpp"
-#include "platform/silent_services.hpp"
 #include "ui/appearance.hpp"
 #include "ui/closed_network.hpp"
 #include "ui/main_window.hpp"
+#include "ui/preview_pane.hpp"
 #include "ui/qt_screen.hpp"
 #include "ui/source_view.hpp"
 #include "ui/topic_scheme.hpp"
@@ -60,11 +60,12 @@ int main(int argc, char** argv) {
     QtScreen screen(files);
     WebSurface surface(files);
     SourceView source;
-    SilentBrowser browser;
+    PreviewPane preview(files);
     NativeShell shell(files);
-    MainForm main_form({files, screen, surface, source, browser, shell},
+    MainForm main_form({files, screen, surface, source, preview, shell},
                        files.WindowsPath(NativeSettingsFolder()));
-    MainWindow window(main_form, surface, source.Widget(), nullptr);
+    preview.code_page = [&] { return main_form.texts.CodePageNumber(); };
+    MainWindow window(main_form, surface, source.Widget(), preview.Widget());
     QObject::connect(&window, &MainWindow::Closed, &app, &QCoreApplication::quit,
                      Qt::QueuedConnection);
     QTimer::singleShot(0, &window, [&] { Form_Load(main_form, command_line); });

@@ -10,6 +10,7 @@
 #include "platform/code_page.hpp"
 #include "platform/failure.hpp"
 #include "platform/text.hpp"
+#include "platform/topic_encoding.hpp"
 #include "ui/preview_page.hpp"
 #include "ui/preview_view.hpp"
 #include "ui/qt_text.hpp"
@@ -186,8 +187,9 @@ void PreviewPane::NoteCrash() {
 bool PreviewPane::IsInSource(const QUrl& topic, const QUrl& address) {
     try {
         const std::string bytes = files_.ReadFile(PathOfUrl(topic));
-        const QString text = QString::fromUtf8(HtmlForEngine(bytes, code_page()))
-                                 .replace("&amp;", "&", Qt::CaseInsensitive);
+        const TextEncoding encoding = TopicEncoding(bytes, code_page());
+        const QString text =
+            ToQt(DecodeText(bytes, encoding)).replace("&amp;", "&", Qt::CaseInsensitive);
         for (const auto form : {QUrl::PrettyDecoded, QUrl::FullyEncoded}) {
             QString written = address.toString(form);
             // "http://www.example.org" has got a "/".

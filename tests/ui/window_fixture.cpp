@@ -32,9 +32,10 @@ std::string Topic(const std::string& title, const std::string& body) {
 WindowFixture::Run::Run(NativeFileSystem& files)
     : screen(files),
       surface(files),
-      main({files, screen, surface, source, browser, shell},
+      preview(files),
+      main({files, screen, surface, source, preview, shell},
            files.WindowsPath(NativeSettingsFolder()), MachineCodePage{}),
-      window(main, surface, source.Widget(), nullptr) {}
+      window(main, surface, source.Widget(), preview.Widget()) {}
 
 WindowFixture::WindowFixture() {
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder.Native("config")));

@@ -15,6 +15,7 @@
 #include "support/scratch_folder.hpp"
 #include "ui/main_window.hpp"
 #include "ui/modal_script.hpp"
+#include "ui/preview_pane.hpp"
 #include "ui/qt_screen.hpp"
 #include "ui/source_view.hpp"
 #include "ui/web_surface.hpp"
@@ -32,7 +33,7 @@ class WindowFixture : public testing::Test {
         QtScreen screen;
         WebSurface surface;
         SourceView source;
-        SilentBrowser browser;
+        PreviewPane preview;
         SilentShell shell;
         MainForm main;
         MainWindow window;
