@@ -6,7 +6,7 @@ namespace quorrel {
 namespace {
 
 /// Behind this place a line stays black: each colour costs at every stroke of a key in the line.
-constexpr std::size_t kColoredCharacters = 20000;
+constexpr std::size_t kColoredCharacters = 10000;
 
 }  // namespace
 

@@ -32,8 +32,8 @@ ScriptDialog::ScriptDialog(Kind kind, const QString& message, bool may_suppress,
     text->setTextFormat(Qt::PlainText);
     text->setWordWrap(true);
     text->setMinimumWidth(280);
-    text->setBuddy(answer_);
     answer_->setObjectName("PreviewMessageAnswer");
+    answer_->setAccessibleName("Answer");
     answer_->setVisible(kind == Kind::kPrompt);
     suppress_->setObjectName("PreviewMessageSuppress");
     suppress_->setVisible(may_suppress);
