@@ -31,6 +31,37 @@ class Cli : public testing::Test {
     test::ScratchFolder folder;
 };
 
+TEST_F(Cli, ResavesAProjectAndTellsWhatItCouldNotRead) {
+    const std::string contents =
+        "<UL>\r\n<LI><OBJECT type=\"text/sitemap\"><param name=\"Name\" value=\"N\"><param "
+        "name=\"Local\" value=\"a.htm\"></OBJECT>\r\n<LI><OBJECT type=\"text/sitemap\">\r\n"
+        "<param name=\"Name\" value=\"M\">\r\n</OBJECT>\r\n</UL>\r\n";
+    folder.Write("g.hhp", "[OPTIONS]\r\nTitle=G\r\n\r\n[FILES]\r\na.htm\r\n");
+    folder.Write("g.hhc", contents);
+    folder.Write("g.hhk", "");
+    folder.Write("a.htm", "<title>A</title>");
+    const std::string file = folder.Native("g.hhp");
+    const Outcome plain = RunProgram({"resave", file.c_str()});
+    EXPECT_EQ(plain.code, 0) << plain.err;
+    const std::string warning =
+        "g.hhc: 1 of 2 entries not read whole. The first save that replaces "
+        "this file keeps it as g.hhc.orig.\n";
+    EXPECT_NE(plain.err.find(warning), std::string::npos) << plain.err;
+    EXPECT_EQ(folder.Read("g.hhc"), contents) << "nothing has changed it";
+    EXPECT_FALSE(folder.Exists("g.hhc.orig"));
+    EXPECT_TRUE(folder.Exists("g.ali"));
+
+    EXPECT_EQ(RunProgram({"resave", "--all", file.c_str()}).code, 0);
+    EXPECT_NE(folder.Read("g.hhc"), contents);
+    EXPECT_EQ(folder.Read("g.hhc.orig"), contents);
+    const std::string once = folder.Read("g.hhc");
+    const Outcome again = RunProgram({"resave", "--all", file.c_str()});
+    EXPECT_EQ(again.err, "MainForm OpenProject Click: 35600 Index out of bounds\n");
+    EXPECT_EQ(folder.Read("g.hhc"), once);
+    EXPECT_EQ(folder.Read("g.hhc.orig"), contents);
+    EXPECT_EQ(RunProgram({"resave", "/nowhere/x.hhp"}).code, exit_code::kFailure);
+}
+
 TEST_F(Cli, DumpsAProject) {
     folder.Write("g.hhp", "[OPTIONS]\nTitle=\"G\"\\\xE9\n[FILES]\na.htm\n;Title=A\x01\n");
     folder.Write("g.hhc", "<LI><OBJECT>\n<param name=Name value=N>\n</OBJECT>\n");

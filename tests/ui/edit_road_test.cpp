@@ -1,0 +1,93 @@
+// The whole road in the window: open, edit on the surface and in the source, save, open again.
+#include <QAction>
+#include <QTabBar>
+#include <QTest>
+#include <QWebEngineView>
+
+#include "ui/source_editor.hpp"
+#include "ui/window_fixture.hpp"
+
+namespace quorrel::test {
+namespace {
+
+class EditRoad : public WindowFixture {
+  protected:
+    void ClickContents(const QString& text) {
+        auto* tree = Find<QTreeView>("Tree1");
+        tree->expandAll();
+        const auto found = tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole, text,
+                                                1, Qt::MatchExactly | Qt::MatchRecursive);
+        ASSERT_FALSE(found.isEmpty()) << text.toStdString();
+        ClickItem(tree, found.constFirst());
+    }
+    void ClickTab(int tab) {
+        auto* bar = Find<QTabBar>("TabStrip2");
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(tab - 1).center());
+        ASSERT_EQ(bar->currentIndex(), tab - 1);
+    }
+    void TypeOnSurface(const QString& text) {
+        run->window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !run->surface.Busy(); }, 20000));
+        run->surface.SetFocus();
+        QWidget* input = run->surface.View()->focusProxy();
+        QTest::keyClick(input, Qt::Key_Home, Qt::ControlModifier);
+        QTest::keyClicks(input, text);
+        ASSERT_TRUE(TopicShows(text));
+    }
+};
+
+TEST_F(EditRoad, FromAClickToTheSavedFilesAndBack) {
+    StartAndOpen();
+    ASSERT_TRUE(TopicShows("first body"));
+    const std::string first = folder.Read("demo & more/html/first.htm");
+    ClickContents("Inside");
+    ASSERT_TRUE(TopicShows("second body"));
+    TypeOnSurface("typed ");
+    ClickTab(right_tab::kSource);
+    auto* editor = Find<SourceEditor>("Source1");
+    EXPECT_TRUE(editor->isVisible());
+    EXPECT_TRUE(editor->toPlainText().contains("<body>typed second body</body>"));
+    QTest::keyClick(editor, Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClicks(editor, "<!-- from the source -->");
+    ClickTab(right_tab::kNormal);
+    ASSERT_TRUE(TopicShows("typed second body"));
+    ClickContents("End");
+    ASSERT_TRUE(TopicShows("third body"));
+    const std::string copy = "demo & more/html/second.htm.tmp.htm";
+    EXPECT_TRUE(folder.Exists(copy));
+    Find<QAction>("FileSave")->trigger();
+    const std::string expected =
+        "<html><head><title>Apple</title></head>\r\n<body>typed second body</body></html>\r\n"
+        "<!-- from the source -->";
+    EXPECT_EQ(folder.Read("demo & more/html/second.htm"), expected);
+    EXPECT_EQ(folder.Read("demo & more/html/first.htm"), first);
+    EXPECT_FALSE(folder.Exists(copy));
+    EXPECT_TRUE(run->window.close()) << "nothing is left to ask about";
+
+    OpenFirst();
+    ClickContents("Inside");
+    EXPECT_TRUE(TopicShows("typed second body"));
+}
+
+TEST_F(EditRoad, ClosingAsksAndAPreviewShowsTheEditedText) {
+    StartAndOpen();
+    ASSERT_TRUE(TopicShows("first body"));
+    TypeOnSurface("edited ");
+    dialogs.Expect("Message", [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_FALSE(run->window.close());
+    ClickTab(right_tab::kPreview);
+    QString shown;
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            run->preview.View()->page()->toPlainText([&](const QString& text) { shown = text; });
+            return shown.contains("edited first body");
+        },
+        20000));
+    dialogs.Expect("Message", [](QWidget& box) { QTest::keyClick(&box, Qt::Key_N); });
+    EXPECT_TRUE(run->window.close());
+    EXPECT_FALSE(folder.Exists("demo & more/html/first.htm.tmp.htm"));
+    EXPECT_EQ(folder.Read("demo & more/html/first.htm").find("edited"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace quorrel::test
