@@ -149,9 +149,13 @@ void TellLoadFailure(MainForm& main, std::int32_t number, const std::string& pat
                              main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kCritical});
 }
 
+/// Leaves a caret: at the start of the selection, or of a document that has none yet.
 void CollapseSelection(MainForm& main) {
     try {
-        const auto range = main.DHTMLEdit1.DOM().selection().createRange();
+        Document& document = main.DHTMLEdit1.DOM();
+        auto range = document.selection().createRange();
+        const auto body = range == nullptr ? document.body() : nullptr;
+        if (body != nullptr) range = body->createTextRange();
         if (range == nullptr) return;
         range->collapse(true);
         range->Select();

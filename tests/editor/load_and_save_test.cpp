@@ -96,9 +96,9 @@ TEST_F(LoadAndSave, EncodingsKeepTheirBytes) {
     const std::string japanese =
         "<META content='text/html; charset=Shift_JIS'><body>\x93\xFA\x96\x7B word</body>\n";
     const std::string utf8 = "<meta charset=\"utf-8\"><body>\xC3\xA9 word \xFF\r</body>";
-    const std::string marked = "\xEF\xBB\xBF<body>\xC3\xA9 word</body>\r\n";
+    const std::string marked = "\xEF\xBB\xBF<body>\xC3\xA9 word and more</body>\r\n";
     const std::string plain = "<body>caf\xE9 word \x81</body>\r\nmixed\nends\r";
-    const std::string wide("\xFF\xFE<\0b\0>\0w\0o\0r\0d\0\xE9\0", 16);
+    const std::string wide("\xFF\xFE<\0b\0>\0w\0o\0r\0d\0\xE9\0s\0 \0a\0r\0e\0\n\0", 28);
     for (const std::string& bytes : {cyrillic, japanese, utf8, marked, plain, wide}) {
         EXPECT_EQ(Saved(bytes), bytes);
     }
@@ -110,7 +110,7 @@ TEST_F(LoadAndSave, EncodingsKeepTheirBytes) {
     EXPECT_EQ(Saved(utf8, "word", "\xD0\xB6"),
               "<meta charset=\"utf-8\"><body>\xC3\xA9 \xD0\xB6 \xFF\r</body>");
     EXPECT_EQ(Saved(cyrillic, "windows-1251", "utf-8"),
-              "<meta charset=utf-8><body>\xD0\xB6\xD1\x83\xD0\xBA word \x98</body>\r\n")
+              "<meta charset=utf-8><body>\xD0\xB6\xD1\x83\xD0\xBA word \xC2\x98</body>\r\n")
         << "a declaration that was edited holds";
 }
 

@@ -27,9 +27,12 @@ class EditRoad : public WindowFixture {
     }
     void TypeOnSurface(const QString& text) {
         run->window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&run->window));
         ASSERT_TRUE(QTest::qWaitFor([&] { return !run->surface.Busy(); }, 20000));
         run->surface.SetFocus();
         QWidget* input = run->surface.View()->focusProxy();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return input->hasFocus(); }, 5000));
+        QTest::mouseClick(input, Qt::LeftButton, {}, QPoint(30, 15));
         QTest::keyClick(input, Qt::Key_Home, Qt::ControlModifier);
         QTest::keyClicks(input, text);
         ASSERT_TRUE(TopicShows(text));
