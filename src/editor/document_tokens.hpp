@@ -12,8 +12,6 @@ namespace quorrel {
 /// The tokens of a text that a browser has serialised: each is one of the document.
 [[nodiscard]] std::vector<DocumentToken> AsDocument(const std::vector<HtmlToken>& tokens);
 
-/// Any white space equals any.
-[[nodiscard]] std::vector<std::uint64_t> LooseKeys(const std::vector<DocumentToken>& tokens);
 /// Any white space equals any, but for elements in which it counts.
 [[nodiscard]] std::vector<std::uint64_t> ReaderKeys(const std::vector<DocumentToken>& tokens);
 

@@ -19,6 +19,9 @@ class EditPlan {
 
     /// The edits: `a` is the base, `b` the edited document.
     [[nodiscard]] const std::vector<DiffHunk>& Hunks() const { return hunks_; }
+    /// Whether only words and white space are changed, each in its place in the source: then it
+    /// reads as the edited document.
+    [[nodiscard]] bool ChangesTextOnly() const;
     [[nodiscard]] bool IsWholeDocumentExplicit() const { return is_all_explicit_; }
     /// For each token of the edited document.
     [[nodiscard]] std::vector<EditStep> Steps() const;
@@ -57,18 +60,18 @@ class EditPlan {
     void FindHunks();
     void Slide(std::size_t hunk);
     [[nodiscard]] int ScoreOf(const DiffHunk& hunk) const;
-    void FindPairs(const DiffHunk& hunk);
-    [[nodiscard]] int Likeness(std::size_t base, std::size_t edited) const;
+    void FindPairs();
+    void FindPairsIn(const DiffHunk& hunk, bool keeps_blanks);
+    [[nodiscard]] int Likeness(std::size_t base, std::size_t edited, bool keeps_blanks) const;
     void MarkDeleted(const DiffHunk& hunk);
+    [[nodiscard]] bool IsBesideText(std::size_t base) const;
+    [[nodiscard]] std::int32_t PlaceOf(const DiffHunk& hunk) const;
     [[nodiscard]] bool ReplacesBlock(const DiffHunk& hunk) const;
     [[nodiscard]] std::vector<bool> ExplicitTokens() const;
 
     const TokenisedText& source_;
     const TokenisedText& base_;
     const TokenisedText& edited_;
-    // Of the base and of the edited document: what a reader sees of each token.
-    std::vector<std::uint64_t> base_keys_;
-    std::vector<std::uint64_t> edited_keys_;
     std::vector<Origin> origins_;  // for each token of the base
     std::vector<DiffHunk> hunks_;
     std::vector<Pair> pairs_;     // tokens in hunks that are changed, not replaced

@@ -52,7 +52,9 @@ bool IsLetter(char c) {
 
 class Tokenizer {
   public:
-    explicit Tokenizer(std::string_view text) : text_(text) { tokens_.reserve(text.size() / 4); }
+    explicit Tokenizer(std::string_view text) : text_(text) {
+        tokens_.reserve(text.size() / 3 + 16);
+    }
 
     std::vector<HtmlToken> Run() {
         while (at_ < text_.size()) ScanToken();
@@ -81,9 +83,14 @@ class Tokenizer {
             return Add(TokenKind::kBlank, begin,
                        HashNormalised(HashOfKind(TokenKind::kBlank), From(begin)));
         }
-        do ++at_;
-        while (at_ < limit && !IsHtmlBlank(text_[at_]) && !(stop_at_markup && IsMarkup(at_)));
-        Add(TokenKind::kWord, begin, HashOfText(From(begin), TokenKind::kWord));
+        std::uint64_t hash = HashOfKind(TokenKind::kWord);
+        bool is_plain = true;
+        do {
+            const char c = text_[at_++];
+            hash = HashByte(hash, c);
+            if (c == '&' || c == '\0') is_plain = false;
+        } while (at_ < limit && !IsHtmlBlank(text_[at_]) && !(stop_at_markup && IsMarkup(at_)));
+        Add(TokenKind::kWord, begin, is_plain ? hash : HashOfText(From(begin), TokenKind::kWord));
     }
 
     void ScanMarkup() {

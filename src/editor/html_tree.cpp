@@ -81,6 +81,9 @@ std::vector<DocumentToken> HtmlTreeBuilder::Serialised() const {
             }
         } else {
             result.AddLeaf(node.token, node.hash);
+            for (std::int32_t token = node.token + 1; token <= node.end_token; ++token) {
+                result.AddLeaf(token, tokens_[token].hash);
+            }
         }
         while (true) {
             const Node& done = nodes_[at];

@@ -33,6 +33,7 @@ class Preserver {
         if (!read) return std::nullopt;
         EditPlan plan(source_, base_, edited_, *read);
         if (plan.Hunks().empty()) return std::string(source_.text);
+        if (plan.ChangesTextOnly()) return Composed(plan);
         target_document_ = AsDocument(edited_.tokens);
         target_ = MeaningOf(target_document_);
         for (int tries = 1; tries <= kMostTries; ++tries) {

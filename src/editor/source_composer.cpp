@@ -11,6 +11,10 @@ namespace {
 
 using Action = EditStep::Action;
 
+bool IsNew(const EditStep& step) {
+    return step.action == Action::kNew || step.action == Action::kNewText;
+}
+
 /// An element that gets lines of its own when it is new.
 bool HasOwnLine(TagName name) {
     switch (name) {
@@ -49,7 +53,7 @@ std::string SourceComposer::Compose(const std::vector<EditStep>& steps) {
     std::vector<std::size_t> next_kept(steps.size() + 1, source_.tokens.size());
     for (std::size_t at = steps.size(); at-- > 0;) {
         const EditStep& step = steps[order[at]];
-        const bool is_kept = step.first >= 0;
+        const bool is_kept = step.first >= 0 && !IsNew(step);
         next_kept[at] = is_kept ? static_cast<std::size_t>(step.first) : next_kept[at + 1];
     }
     for (std::size_t at = 0; at < steps.size(); ++at) {
@@ -58,7 +62,8 @@ std::string SourceComposer::Compose(const std::vector<EditStep>& steps) {
         const bool keeps_blanks = KeepsBlanks(token.name);
         if (keeps_blanks && token.kind == TokenKind::kEnd) --keeps_blanks_;
         next_kept_ = next_kept[at + 1];
-        if (step.action == Action::kNew || step.action == Action::kNewText) {
+        if (IsNew(step)) {
+            if (step.first >= 0) CopyUpTo(static_cast<std::size_t>(step.first), false);
             const bool has_layout = step.action == Action::kNew && keeps_blanks_ == 0;
             WriteNew(order[at], has_layout);
             const bool is_last =

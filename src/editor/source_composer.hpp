@@ -35,7 +35,8 @@ struct EditStep {
     Action action = Action::kKeep;
     // What the engine added by itself is written too, because an edit stands near.
     bool is_explicit = false;
-    // The tokens of the source; -1 where the engine had added it by itself.
+    // The tokens of the source; -1 where the engine had added it by itself. Of something new,
+    // `first` is the token that it stands in the place of; -1 for none.
     std::int32_t first = -1;
     std::int32_t last = -1;
 };

@@ -49,18 +49,14 @@ struct Edit {
 bool IsOneLineChanged(const TopicOutcome& outcome) {
     return outcome.removed_lines == 1 && outcome.added_lines == 1;
 }
-/// Whether all of the source is still there, in order, around one new stretch.
-bool IsInsertion(const TopicOutcome& outcome) {
-    const std::string& before = outcome.original;
-    const std::string& after = outcome.preserved;
-    if (after.size() < before.size()) return false;
-    const auto differing = std::mismatch(before.begin(), before.end(), after.begin()).first;
-    const auto prefix = static_cast<std::size_t>(differing - before.begin());
-    return after.ends_with(std::string_view(before).substr(prefix));
-}
-/// New lines; where the block ends within a line, that line is cut in two.
+/// New lines; where the block ends within a line or formatting reaches over it, that line is cut
+/// in two and tags are closed and opened again, but all of it is still there.
 bool IsOnlyAdded(const TopicOutcome& outcome) {
-    return outcome.removed_lines == 0 || (outcome.removed_lines == 1 && IsInsertion(outcome));
+    std::size_t kept = 0;
+    for (const char c : outcome.preserved) {
+        if (kept < outcome.original.size() && c == outcome.original[kept]) ++kept;
+    }
+    return kept == outcome.original.size() && outcome.removed_lines <= 1;
 }
 bool IsOnlyRemoved(const TopicOutcome& outcome) {
     return outcome.preserved.size() < outcome.original.size() && outcome.added_lines <= 1;
@@ -74,7 +70,7 @@ const std::vector<Edit>& Edits() {
         {"word", "node.replaceData(begin, end - begin, 'Exchanged'); return '';", IsOneLineChanged},
         {"paragraph", R"(
             const block = node.parentElement.closest('p,h1,h2,h3,h4,h5,h6,pre,ul,ol,dl,table,div');
-            if (!block) return 'no block';
+            if (!block || block.parentElement.closest('p')) return 'no block';
             const added = document.createElement('p');
             added.textContent = 'Added & new.';
             block.after(added);
@@ -83,8 +79,7 @@ const std::vector<Edit>& Edits() {
         {"bold", "range.surroundContents(document.createElement('b')); return '';",
          IsOneLineChanged},
         {"attribute", R"(
-            const element = node.parentElement.closest('body [class],body [width],body [align],p')
-                ?? node.parentElement;
+            const element = node.parentElement.closest('p,h1,h2,h3,h4,li,td,th,ul,table,div,body');
             const name = element.attributes.length ? element.attributes[0].name : 'title';
             element.setAttribute(name, 'a new "value"');
             return '';)",
