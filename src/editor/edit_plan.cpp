@@ -1,6 +1,7 @@
 #include "editor/edit_plan.hpp"
 
 #include <algorithm>
+#include <numeric>
 
 #include "editor/document_tokens.hpp"
 
@@ -106,19 +107,30 @@ void EditPlan::KeepAscendingOrigins() {
         firsts.push_back(static_cast<std::size_t>(origins_[at].first));
         tokens.push_back(at);
     }
-    if (std::is_sorted(firsts.begin(), firsts.end())) return;
-    std::vector<Origin> kept(origins_.size());
-    for (std::size_t at = 0; at < origins_.size(); ++at) {
-        kept[at].is_doubtful = origins_[at].is_doubtful;
-    }
+    std::vector<std::size_t> chain(firsts.size());
+    std::iota(chain.begin(), chain.end(), std::size_t{0});
+    if (!std::is_sorted(firsts.begin(), firsts.end())) chain = LongestAscending(firsts);
+    std::vector<bool> is_kept(origins_.size(), false);
     std::int32_t end = -1;
-    for (const std::size_t place : LongestAscending(firsts)) {
+    for (const std::size_t place : chain) {
         const Origin& origin = origins_[tokens[place]];
+        // A word that was joined over an end tag may enclose it.
         if (origin.first <= end) continue;
-        kept[tokens[place]] = origin;
+        is_kept[tokens[place]] = true;
         end = origin.last;
     }
-    origins_ = std::move(kept);
+    for (std::size_t at = 0; at < origins_.size(); ++at) {
+        Origin& origin = origins_[at];
+        if (is_kept[at] || origin.first < 0) continue;
+        if (origin.first == origin.last) origin.displaced = origin.first;
+        origin.first = origin.last = -1;
+    }
+    // What lies within the stretch of another token is not there by itself.
+    std::int32_t covered = -1;
+    for (Origin& origin : origins_) {
+        if (origin.displaced >= 0 && origin.displaced <= covered) origin.displaced = -1;
+        covered = std::max(covered, origin.last);
+    }
 }
 
 void EditPlan::FindHunks() {
@@ -230,6 +242,7 @@ void EditPlan::MarkDeleted(const DiffHunk& hunk) {
             continue;
         }
         const Origin& origin = origins_[base];
+        if (origin.displaced >= 0) deleted_[static_cast<std::size_t>(origin.displaced)] = true;
         if (origin.first < 0) continue;
         for (std::int32_t at = from < 0 ? origin.first : from; at <= origin.last; ++at) {
             deleted_[static_cast<std::size_t>(at)] = true;
@@ -281,6 +294,7 @@ std::vector<EditStep> EditPlan::Steps() const {
         step.is_explicit = is_explicit[from];
         step.first = origins_[from].first;
         step.last = origins_[from].last;
+        step.displaced = origins_[from].displaced;
     };
     const auto keep_until = [&](std::size_t end) {
         while (base < end) take(base++, EditStep::Action::kKeep);
@@ -302,7 +316,17 @@ std::vector<EditStep> EditPlan::Steps() const {
         base = hunk.a_end;
     }
     keep_until(base_.tokens.size());
+    PlaceOpeningTags(steps);
     return steps;
+}
+
+/// New start tags belong in front of what they enclose, behind what the engine left out.
+void EditPlan::PlaceOpeningTags(std::vector<EditStep>& steps) const {
+    for (std::size_t at = steps.size(); at-- > 1;) {
+        EditStep& step = steps[at - 1];
+        const bool is_new = IsNew(step) && edited_.tokens[at - 1].kind == TokenKind::kStart;
+        if (is_new && steps[at].first >= 0) step.first = steps[at].first;
+    }
 }
 
 void EditPlan::Widen(const std::vector<std::size_t>& edited_tokens) {

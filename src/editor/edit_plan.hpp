@@ -47,6 +47,7 @@ class EditPlan {
     struct Origin {
         std::int32_t first = -1;
         std::int32_t last = -1;
+        std::int32_t displaced = -1;  // the token, where it is out of order
         bool is_doubtful = false;
     };
     struct Pair {
@@ -64,6 +65,7 @@ class EditPlan {
     void FindPairsIn(const DiffHunk& hunk, bool keeps_blanks);
     [[nodiscard]] int Likeness(std::size_t base, std::size_t edited, bool keeps_blanks) const;
     void MarkDeleted(const DiffHunk& hunk);
+    void PlaceOpeningTags(std::vector<EditStep>& steps) const;
     [[nodiscard]] bool IsBesideText(std::size_t base) const;
     [[nodiscard]] std::int32_t PlaceOf(const DiffHunk& hunk) const;
     [[nodiscard]] bool ReplacesBlock(const DiffHunk& hunk) const;

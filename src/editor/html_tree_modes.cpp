@@ -220,8 +220,8 @@ bool HtmlTreeBuilder::AfterHead() {
     return false;
 }
 
+/// The engine goes back into the body for white space too, so that a comment behind it is there.
 bool HtmlTreeBuilder::AfterBody() {
-    if (Is(TokenKind::kBlank)) return InBody();
     if (Is(TokenKind::kDoctype)) return true;
     if (Is(TokenKind::kComment)) {
         AppendLeaf(html_);
@@ -242,9 +242,7 @@ bool HtmlTreeBuilder::AfterAfterBody() {
         AppendLeaf(kDocument);
         return true;
     }
-    if (Is(TokenKind::kBlank) || Is(TokenKind::kDoctype) || IsStart({Tag("html")})) {
-        return InBody();
-    }
+    if (Is(TokenKind::kDoctype) || IsStart({Tag("html")})) return InBody();
     mode_ = Mode::kInBody;
     return false;
 }

@@ -14,9 +14,9 @@
 namespace quorrel::test {
 namespace {
 
-/// The word in the middle of the body, as a text node with two offsets, and helpers for it.
+/// The word at PLACE of the body, as a text node with two offsets, and helpers for it.
 const char* const kFindWord = R"(
-    const isText = node => !node.parentElement.closest('script,style,textarea,title,select,svg');
+    const isText = node => !node.parentElement.closest('script,style,textarea,title,select,svg,xmp');
     const walker = document.createTreeWalker(document.body, NodeFilter.SHOW_TEXT);
     const words = [];
     while (walker.nextNode()) {
@@ -25,7 +25,7 @@ const char* const kFindWord = R"(
             words.push([walker.currentNode, hit.index, hit.index + hit[0].length]);
     }
     if (words.length === 0) return 'no word';
-    const [node, begin, end] = words[words.length >> 1];
+    const [node, begin, end] = words[Math.min(Math.floor(words.length * PLACE), words.length - 1)];
     const range = document.createRange();
     range.setStart(node, begin);
     range.setEnd(node, end);
@@ -195,7 +195,7 @@ const std::vector<std::string>& EditNames() {
 }
 
 TopicOutcome CheckTopic(EnginePage& page, const std::filesystem::path& file,
-                        std::string_view edit_name) {
+                        std::string_view edit_name, double place) {
     const Edit& edit = EditNamed(edit_name);
     NativeFileSystem files;
     const std::string path = files.WindowsPath(std::filesystem::absolute(file).string());
@@ -208,8 +208,8 @@ TopicOutcome CheckTopic(EnginePage& page, const std::filesystem::path& file,
     }
     if (!page.Load(outcome.original, path)) return Skipped("the engine does not load it");
     outcome.base = page.Serialised();
-    const QString script =
-        QString("(() => {") + kFindWord + QString::fromUtf8(edit.script) + "})()";
+    const QString script = "(() => { const PLACE = " + QString::number(place) + ";" + kFindWord +
+                           QString::fromUtf8(edit.script) + "})()";
     const QVariant refusal = page.Run(script);
     if (refusal.toString() != "" || !refusal.isValid()) {
         return Skipped(refusal.isValid() ? refusal.toString().toStdString() : "script error");
