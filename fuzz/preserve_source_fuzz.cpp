@@ -8,6 +8,7 @@
 #include "fuzz_support.hpp"
 
 using namespace quorrel;
+using namespace quorrel::html;
 
 namespace {
 

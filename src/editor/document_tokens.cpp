@@ -1,6 +1,6 @@
 #include "editor/document_tokens.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 namespace {
 
 constexpr std::uint64_t kAnyBlank = 1;
@@ -90,4 +90,4 @@ Meaning MeaningOf(const std::vector<DocumentToken>& tokens) {
     return meaning;
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

@@ -7,7 +7,7 @@
 
 #include "editor/html_tree.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 /// The tokens of a text that a browser has serialised: each is one of the document.
 [[nodiscard]] std::vector<DocumentToken> AsDocument(const std::vector<HtmlToken>& tokens);
@@ -26,4 +26,4 @@ struct Meaning {
 };
 [[nodiscard]] Meaning MeaningOf(const std::vector<DocumentToken>& tokens);
 
-}  // namespace quorrel
+}  // namespace quorrel::html

@@ -5,7 +5,7 @@
 
 #include "editor/document_tokens.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 namespace {
 
 /// Hunks with more combinations of tokens than this are not looked into.
@@ -51,8 +51,7 @@ bool IsSameKind(const HtmlToken& token, const DocumentToken& read) {
 
 EditPlan::EditPlan(const TokenisedText& source, const TokenisedText& base,
                    const TokenisedText& edited, const std::vector<DocumentToken>& read)
-    : source_(source),
-      base_(base),
+    : base_(base),
       edited_(edited),
       origins_(base.tokens.size()),
       deleted_(source.tokens.size(), false) {
@@ -385,4 +384,4 @@ bool EditPlan::IsDoubtful(std::size_t edited_token) const {
     return base < origins_.size() && origins_[base].is_doubtful;
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

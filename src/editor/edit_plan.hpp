@@ -9,7 +9,7 @@
 #include "editor/source_composer.hpp"
 #include "editor/token_diff.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 class EditPlan {
   public:
@@ -71,7 +71,6 @@ class EditPlan {
     [[nodiscard]] bool ReplacesBlock(const DiffHunk& hunk) const;
     [[nodiscard]] std::vector<bool> ExplicitTokens() const;
 
-    const TokenisedText& source_;
     const TokenisedText& base_;
     const TokenisedText& edited_;
     std::vector<Origin> origins_;  // for each token of the base
@@ -82,4 +81,4 @@ class EditPlan {
     bool is_all_explicit_ = false;
 };
 
-}  // namespace quorrel
+}  // namespace quorrel::html

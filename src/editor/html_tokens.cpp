@@ -6,7 +6,7 @@
 #include "editor/html_tag_scanner.hpp"
 #include "platform/text.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 namespace {
 
 constexpr std::uint64_t kHashStart = 14695981039346656037ULL;
@@ -276,10 +276,10 @@ std::uint64_t HashOfText(std::string_view text, TokenKind kind) {
     const std::uint64_t hash = HashOfKind(kind);
     if (kind != TokenKind::kWord) return HashNormalised(hash, text);
     const bool is_plain = text.find('&') == npos && text.find('\0') == npos;
-    return HashBytes(hash, is_plain ? text : std::string_view(DecodedText(text)));
+    return HashBytes(hash, is_plain ? text : std::string_view(WithoutReferences(text)));
 }
 
-std::string DecodedText(std::string_view text) {
+std::string WithoutReferences(std::string_view text) {
     std::string decoded;
     for (std::size_t at = 0; at < text.size();) {
         const char c = text[at];
@@ -347,4 +347,4 @@ Doctype ParseDoctype(std::string_view text) {
     return doctype;
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

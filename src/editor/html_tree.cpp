@@ -4,7 +4,7 @@
 
 #include "editor/html_tree_builder.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 std::optional<std::vector<DocumentToken>> ParseDocument(std::string_view text,
                                                         const std::vector<HtmlToken>& tokens) {
@@ -99,4 +99,4 @@ std::vector<DocumentToken> HtmlTreeBuilder::Serialised() const {
     return result.Take();
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

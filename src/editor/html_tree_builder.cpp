@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace quorrel {
+namespace quorrel::html {
 namespace {
 
 /// Deeper elements become siblings.
@@ -441,4 +441,4 @@ void HtmlTreeBuilder::Rebuild(NodeId formatting, NodeId block) {
     stack_.insert(stack_.begin() + static_cast<std::ptrdiff_t>(place_of(block)) + 1, copy);
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

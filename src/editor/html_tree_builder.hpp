@@ -8,7 +8,7 @@
 
 #include "editor/html_tree.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 class HtmlTreeBuilder {
   public:
@@ -188,4 +188,4 @@ class HtmlTreeBuilder {
 [[nodiscard]] bool IsSpecial(TagName name);
 [[nodiscard]] bool IsHeading(TagName name);
 
-}  // namespace quorrel
+}  // namespace quorrel::html

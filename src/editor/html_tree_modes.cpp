@@ -4,7 +4,7 @@
 #include "editor/html_tree_builder.hpp"
 #include "platform/text.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 void HtmlTreeBuilder::ProcessToken() {
     if (Is(TokenKind::kNothing)) return;
@@ -699,4 +699,4 @@ bool IsSpecial(TagName name) {
     }
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

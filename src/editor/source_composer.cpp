@@ -6,7 +6,7 @@
 #include "editor/document_tokens.hpp"
 #include "platform/text.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 namespace {
 
 using Action = EditStep::Action;
@@ -254,4 +254,4 @@ bool SourceComposer::LineEndFollows() const {
     return is_blank && source_.Of(at).find_first_of("\r\n") != npos;
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

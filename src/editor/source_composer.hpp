@@ -10,7 +10,7 @@
 #include "editor/html_tokens.hpp"
 #include "editor/source_spelling.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 /// A text and its tokens.
 struct TokenisedText {
@@ -89,4 +89,4 @@ class SourceComposer {
     bool knows_declarations_ = false;
 };
 
-}  // namespace quorrel
+}  // namespace quorrel::html

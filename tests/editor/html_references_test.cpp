@@ -22,12 +22,14 @@ TEST(HtmlReferences, AreDecodedAsBrowsersDo) {
           Row{"&#99999999999;", 14, 14, "\uFFFD"}, Row{"&#xD800;", 8, 8, "\uFFFD"},
           Row{"&#;", 0, 0, ""}, Row{"&", 0, 0, ""}, Row{"& x", 0, 0, ""}}) {
         std::string decoded;
-        EXPECT_EQ(DecodeReference(row.text, 0, ReferencePlace::kText, decoded), row.size)
+        EXPECT_EQ(html::DecodeReference(row.text, 0, html::ReferencePlace::kText, decoded),
+                  row.size)
             << row.text;
         EXPECT_EQ(decoded, row.meaning) << row.text;
         std::string in_attribute;
-        EXPECT_EQ(DecodeReference(row.text, 0, ReferencePlace::kAttribute, in_attribute),
-                  row.size_in_attribute)
+        EXPECT_EQ(
+            html::DecodeReference(row.text, 0, html::ReferencePlace::kAttribute, in_attribute),
+            row.size_in_attribute)
             << row.text;
     }
 }
