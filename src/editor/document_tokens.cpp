@@ -1,6 +1,6 @@
 #include "editor/document_tokens.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 namespace {
 
 constexpr std::uint64_t kAnyBlank = 1;
@@ -28,7 +28,7 @@ Edge EdgeOf(const DocumentToken& token) {
 class BlankWatch {
   public:
     void Pass(const DocumentToken& token) {
-        if (!KeepsBlanks(token.name)) return;
+        if (token.name == 0 || !KeepsBlanks(token.name)) return;
         if (token.kind == TokenKind::kStart) ++depth_;
         if (token.kind == TokenKind::kEnd && depth_ > 0) --depth_;
     }
@@ -50,21 +50,14 @@ std::vector<DocumentToken> AsDocument(const std::vector<HtmlToken>& tokens) {
     return document;
 }
 
-std::vector<std::uint64_t> LooseKeys(const std::vector<DocumentToken>& tokens) {
+std::vector<std::uint64_t> ReaderKeys(const std::vector<DocumentToken>& tokens) {
     std::vector<std::uint64_t> keys;
     keys.reserve(tokens.size());
-    for (const DocumentToken& token : tokens) {
-        keys.push_back(token.kind == TokenKind::kBlank ? kAnyBlank : token.hash);
-    }
-    return keys;
-}
-
-std::vector<std::uint64_t> ReaderKeys(const std::vector<DocumentToken>& tokens) {
-    std::vector<std::uint64_t> keys = LooseKeys(tokens);
     BlankWatch watch;
-    for (std::size_t at = 0; at < tokens.size(); ++at) {
-        watch.Pass(tokens[at]);
-        if (watch.Counts()) keys[at] = tokens[at].hash;
+    for (const DocumentToken& token : tokens) {
+        watch.Pass(token);
+        const bool is_any = token.kind == TokenKind::kBlank && !watch.Counts();
+        keys.push_back(is_any ? kAnyBlank : token.hash);
     }
     return keys;
 }
@@ -97,4 +90,4 @@ Meaning MeaningOf(const std::vector<DocumentToken>& tokens) {
     return meaning;
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

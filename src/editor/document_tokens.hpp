@@ -7,13 +7,11 @@
 
 #include "editor/html_tree.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 /// The tokens of a text that a browser has serialised: each is one of the document.
 [[nodiscard]] std::vector<DocumentToken> AsDocument(const std::vector<HtmlToken>& tokens);
 
-/// Any white space equals any.
-[[nodiscard]] std::vector<std::uint64_t> LooseKeys(const std::vector<DocumentToken>& tokens);
 /// Any white space equals any, but for elements in which it counts.
 [[nodiscard]] std::vector<std::uint64_t> ReaderKeys(const std::vector<DocumentToken>& tokens);
 
@@ -28,4 +26,4 @@ struct Meaning {
 };
 [[nodiscard]] Meaning MeaningOf(const std::vector<DocumentToken>& tokens);
 
-}  // namespace quorrel
+}  // namespace quorrel::html

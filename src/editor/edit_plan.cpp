@@ -1,16 +1,47 @@
 #include "editor/edit_plan.hpp"
 
 #include <algorithm>
+#include <numeric>
 
 #include "editor/document_tokens.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 namespace {
 
 /// Hunks with more combinations of tokens than this are not looked into.
 constexpr std::size_t kMostCombinations = 250'000;
 /// How far a hunk may be moved to a better place.
 constexpr std::size_t kLongestSlide = 200;
+
+/// The common start and end need no keys.
+template <typename TokenA, typename TokenB, typename Key>
+std::vector<DiffHunk> DiffOfTokens(const std::vector<TokenA>& a, const std::vector<TokenB>& b,
+                                   Key key) {
+    std::size_t start = 0;
+    std::size_t a_end = a.size();
+    std::size_t b_end = b.size();
+    while (start < a_end && start < b_end && key(a[start]) == key(b[start])) ++start;
+    while (start < a_end && start < b_end && key(a[a_end - 1]) == key(b[b_end - 1])) {
+        --a_end;
+        --b_end;
+    }
+    std::vector<std::uint64_t> a_keys;
+    std::vector<std::uint64_t> b_keys;
+    for (std::size_t at = start; at < a_end; ++at) a_keys.push_back(key(a[at]));
+    for (std::size_t at = start; at < b_end; ++at) b_keys.push_back(key(b[at]));
+    std::vector<DiffHunk> hunks = DiffOf(a_keys, b_keys);
+    for (DiffHunk& hunk : hunks) {
+        hunk.a_begin += start;
+        hunk.a_end += start;
+        hunk.b_begin += start;
+        hunk.b_end += start;
+    }
+    return hunks;
+}
+
+bool IsText(const HtmlToken& token) {
+    return token.kind == TokenKind::kWord || token.kind == TokenKind::kBlank;
+}
 
 bool IsSameKind(const HtmlToken& token, const DocumentToken& read) {
     return token.kind == read.kind && token.name == read.name;
@@ -20,11 +51,8 @@ bool IsSameKind(const HtmlToken& token, const DocumentToken& read) {
 
 EditPlan::EditPlan(const TokenisedText& source, const TokenisedText& base,
                    const TokenisedText& edited, const std::vector<DocumentToken>& read)
-    : source_(source),
-      base_(base),
+    : base_(base),
       edited_(edited),
-      base_keys_(ReaderKeys(AsDocument(base.tokens))),
-      edited_keys_(ReaderKeys(AsDocument(edited.tokens))),
       origins_(base.tokens.size()),
       deleted_(source.tokens.size(), false) {
     FindOrigins(read);
@@ -32,19 +60,19 @@ EditPlan::EditPlan(const TokenisedText& source, const TokenisedText& base,
     FindHunks();
     reaches_.resize(hunks_.size());
     for (std::size_t hunk = 0; hunk < hunks_.size(); ++hunk) Slide(hunk);
-    for (const DiffHunk& hunk : hunks_) {
-        FindPairs(hunk);
-        MarkDeleted(hunk);
-    }
+    FindPairs();
+    for (const DiffHunk& hunk : hunks_) MarkDeleted(hunk);
 }
 
 void EditPlan::FindOrigins(const std::vector<DocumentToken>& read) {
-    const std::vector<std::uint64_t> ours = LooseKeys(read);
-    const std::vector<std::uint64_t> theirs = LooseKeys(AsDocument(base_.tokens));
+    // Our reading of white space is taken for the engine's: how it writes it does not matter.
+    constexpr auto kLooseKey = [](const auto& token) {
+        return token.kind == TokenKind::kBlank ? 1 : token.hash;
+    };
     std::size_t in_ours = 0;
     std::size_t in_theirs = 0;
-    std::vector<DiffHunk> hunks = DiffOf(ours, theirs);
-    hunks.push_back({ours.size(), ours.size(), theirs.size(), theirs.size()});
+    std::vector<DiffHunk> hunks = DiffOfTokens(read, base_.tokens, kLooseKey);
+    hunks.push_back({read.size(), read.size(), base_.tokens.size(), base_.tokens.size()});
     for (const DiffHunk& hunk : hunks) {
         while (in_ours < hunk.a_begin) TakeOrigin(in_theirs++, read[in_ours++]);
         // A word with a reference that only the engine knows, say.
@@ -78,29 +106,35 @@ void EditPlan::KeepAscendingOrigins() {
         firsts.push_back(static_cast<std::size_t>(origins_[at].first));
         tokens.push_back(at);
     }
-    if (std::is_sorted(firsts.begin(), firsts.end())) return;
-    std::vector<Origin> kept(origins_.size());
-    for (std::size_t at = 0; at < origins_.size(); ++at) {
-        kept[at].is_doubtful = origins_[at].is_doubtful;
-    }
+    std::vector<std::size_t> chain(firsts.size());
+    std::iota(chain.begin(), chain.end(), std::size_t{0});
+    if (!std::is_sorted(firsts.begin(), firsts.end())) chain = LongestAscending(firsts);
+    std::vector<bool> is_kept(origins_.size(), false);
     std::int32_t end = -1;
-    for (const std::size_t place : LongestAscending(firsts)) {
+    for (const std::size_t place : chain) {
         const Origin& origin = origins_[tokens[place]];
+        // A word that was joined over an end tag may enclose it.
         if (origin.first <= end) continue;
-        kept[tokens[place]] = origin;
+        is_kept[tokens[place]] = true;
         end = origin.last;
     }
-    origins_ = std::move(kept);
+    for (std::size_t at = 0; at < origins_.size(); ++at) {
+        Origin& origin = origins_[at];
+        if (is_kept[at] || origin.first < 0) continue;
+        if (origin.first == origin.last) origin.displaced = origin.first;
+        origin.first = origin.last = -1;
+    }
+    // What lies within the stretch of another token is not there by itself.
+    std::int32_t covered = -1;
+    for (Origin& origin : origins_) {
+        if (origin.displaced >= 0 && origin.displaced <= covered) origin.displaced = -1;
+        covered = std::max(covered, origin.last);
+    }
 }
 
 void EditPlan::FindHunks() {
-    const auto keys = [](const TokenisedText& text) {
-        std::vector<std::uint64_t> hashes;
-        hashes.reserve(text.tokens.size());
-        for (const HtmlToken& token : text.tokens) hashes.push_back(token.hash);
-        return hashes;
-    };
-    hunks_ = DiffOf(keys(base_), keys(edited_));
+    hunks_ = DiffOfTokens(base_.tokens, edited_.tokens,
+                          [](const HtmlToken& token) { return token.hash; });
 }
 
 /// An insertion or a deletion can often be seen in several places: of "<p>a</p><p>b</p>" may be
@@ -143,18 +177,34 @@ int EditPlan::ScoreOf(const DiffHunk& hunk) const {
 }
 
 /// How much the token looks like a changed form of the other.
-int EditPlan::Likeness(std::size_t base, std::size_t edited) const {
+int EditPlan::Likeness(std::size_t base, std::size_t edited, bool keeps_blanks) const {
     const HtmlToken& before = base_.tokens[base];
     const HtmlToken& after = edited_.tokens[edited];
     if (before.kind != after.kind) return 0;
     if (before.kind == TokenKind::kStart) return before.name == after.name ? 3 : 0;
     // White space that the engine only writes in another way stays as it is.
-    if (before.kind == TokenKind::kBlank) return base_keys_[base] == edited_keys_[edited] ? 2 : 0;
+    if (before.kind == TokenKind::kBlank) return keeps_blanks ? 0 : 2;
     return before.kind == TokenKind::kWord ? 1 : 0;
 }
 
+void EditPlan::FindPairs() {
+    int keeping = 0;  // elements around in which white space counts
+    std::size_t base = 0;
+    for (const DiffHunk& hunk : hunks_) {
+        const int before = keeping;
+        bool has_tag = false;
+        for (; base < hunk.a_end; ++base) {
+            const HtmlToken& token = base_.tokens[base];
+            if (token.name == 0 || !KeepsBlanks(token.name)) continue;
+            keeping += token.kind == TokenKind::kStart ? 1 : -1;
+            has_tag = has_tag || base >= hunk.a_begin;
+        }
+        FindPairsIn(hunk, before > 0 || keeping > 0 || has_tag);
+    }
+}
+
 /// The most alike tokens in their order, as a longest common subsequence is found.
-void EditPlan::FindPairs(const DiffHunk& hunk) {
+void EditPlan::FindPairsIn(const DiffHunk& hunk, bool keeps_blanks) {
     const std::size_t rows = hunk.a_end - hunk.a_begin;
     const std::size_t columns = hunk.b_end - hunk.b_begin;
     if (rows == 0 || columns == 0 || rows * columns > kMostCombinations) return;
@@ -162,7 +212,7 @@ void EditPlan::FindPairs(const DiffHunk& hunk) {
     std::vector<int> best((rows + 1) * width, 0);
     for (std::size_t row = rows; row-- > 0;) {
         for (std::size_t column = columns; column-- > 0;) {
-            const int likeness = Likeness(hunk.a_begin + row, hunk.b_begin + column);
+            const int likeness = Likeness(hunk.a_begin + row, hunk.b_begin + column, keeps_blanks);
             const int paired = likeness > 0 ? likeness + best[(row + 1) * width + column + 1] : 0;
             best[row * width + column] = std::max(
                 {paired, best[(row + 1) * width + column], best[row * width + column + 1]});
@@ -191,6 +241,7 @@ void EditPlan::MarkDeleted(const DiffHunk& hunk) {
             continue;
         }
         const Origin& origin = origins_[base];
+        if (origin.displaced >= 0) deleted_[static_cast<std::size_t>(origin.displaced)] = true;
         if (origin.first < 0) continue;
         for (std::int32_t at = from < 0 ? origin.first : from; at <= origin.last; ++at) {
             deleted_[static_cast<std::size_t>(at)] = true;
@@ -222,6 +273,14 @@ std::vector<bool> EditPlan::ExplicitTokens() const {
     return is_explicit;
 }
 
+/// The first token of the source that the hunk changes, or -1.
+std::int32_t EditPlan::PlaceOf(const DiffHunk& hunk) const {
+    for (std::size_t base = hunk.a_begin; base < hunk.a_end; ++base) {
+        if (origins_[base].first >= 0) return origins_[base].first;
+    }
+    return -1;
+}
+
 std::vector<EditStep> EditPlan::Steps() const {
     const std::vector<bool> is_explicit = ExplicitTokens();
     std::vector<EditStep> steps(edited_.tokens.size());
@@ -234,6 +293,7 @@ std::vector<EditStep> EditPlan::Steps() const {
         step.is_explicit = is_explicit[from];
         step.first = origins_[from].first;
         step.last = origins_[from].last;
+        step.displaced = origins_[from].displaced;
     };
     const auto keep_until = [&](std::size_t end) {
         while (base < end) take(base++, EditStep::Action::kKeep);
@@ -242,18 +302,30 @@ std::vector<EditStep> EditPlan::Steps() const {
         keep_until(hunk.a_begin);
         const auto action =
             ReplacesBlock(hunk) ? EditStep::Action::kNewText : EditStep::Action::kNew;
+        const std::int32_t place = PlaceOf(hunk);
         while (edited < hunk.b_end) {
             if (pair != pairs_.end() && pair->edited == edited) {
                 const bool is_blank = edited_.tokens[edited].kind == TokenKind::kBlank;
                 take((pair++)->base, is_blank ? EditStep::Action::kKeep : EditStep::Action::kPatch);
             } else {
+                steps[edited].first = place;
                 steps[edited++].action = action;
             }
         }
         base = hunk.a_end;
     }
     keep_until(base_.tokens.size());
+    PlaceOpeningTags(steps);
     return steps;
+}
+
+/// New start tags belong in front of what they enclose, behind what the engine left out.
+void EditPlan::PlaceOpeningTags(std::vector<EditStep>& steps) const {
+    for (std::size_t at = steps.size(); at-- > 1;) {
+        EditStep& step = steps[at - 1];
+        const bool is_new = IsNew(step) && edited_.tokens[at - 1].kind == TokenKind::kStart;
+        if (is_new && steps[at].first >= 0) step.first = steps[at].first;
+    }
 }
 
 void EditPlan::Widen(const std::vector<std::size_t>& edited_tokens) {
@@ -273,6 +345,34 @@ void EditPlan::Widen(const std::vector<std::size_t>& edited_tokens) {
     }
 }
 
+/// Whether what is put in front of the token of the base comes to stand directly behind a text
+/// of the source or in front of one.
+bool EditPlan::IsBesideText(std::size_t base) const {
+    if (base == 0 || origins_[base - 1].first < 0) return false;
+    if (IsText(base_.tokens[base - 1])) return true;
+    return base < origins_.size() && IsText(base_.tokens[base]) &&
+           origins_[base].first == origins_[base - 1].last + 1;
+}
+
+bool EditPlan::ChangesTextOnly() const {
+    const auto is_in_place = [&](std::size_t base) {
+        return base < origins_.size() && IsText(base_.tokens[base]) && origins_[base].first >= 0;
+    };
+    for (const DiffHunk& hunk : hunks_) {
+        // Text that is gone may have been what opened the body; new text needs a text beside it.
+        bool has_word = false;
+        for (std::size_t at = hunk.b_begin; at < hunk.b_end; ++at) {
+            if (!IsText(edited_.tokens[at])) return false;
+            if (edited_.tokens[at].kind == TokenKind::kWord) has_word = true;
+        }
+        for (std::size_t at = hunk.a_begin; at < hunk.a_end; ++at) {
+            if (!is_in_place(at)) return false;
+        }
+        if (hunk.a_begin < hunk.a_end ? !has_word : !IsBesideText(hunk.a_begin)) return false;
+    }
+    return true;
+}
+
 bool EditPlan::IsDoubtful(std::size_t edited_token) const {
     const auto next = std::upper_bound(
         hunks_.begin(), hunks_.end(), edited_token,
@@ -284,4 +384,4 @@ bool EditPlan::IsDoubtful(std::size_t edited_token) const {
     return base < origins_.size() && origins_[base].is_doubtful;
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

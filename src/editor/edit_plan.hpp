@@ -9,7 +9,7 @@
 #include "editor/source_composer.hpp"
 #include "editor/token_diff.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 class EditPlan {
   public:
@@ -19,6 +19,9 @@ class EditPlan {
 
     /// The edits: `a` is the base, `b` the edited document.
     [[nodiscard]] const std::vector<DiffHunk>& Hunks() const { return hunks_; }
+    /// Whether only words and white space are changed, each in its place in the source: then it
+    /// reads as the edited document.
+    [[nodiscard]] bool ChangesTextOnly() const;
     [[nodiscard]] bool IsWholeDocumentExplicit() const { return is_all_explicit_; }
     /// For each token of the edited document.
     [[nodiscard]] std::vector<EditStep> Steps() const;
@@ -44,6 +47,7 @@ class EditPlan {
     struct Origin {
         std::int32_t first = -1;
         std::int32_t last = -1;
+        std::int32_t displaced = -1;  // the token, where it is out of order
         bool is_doubtful = false;
     };
     struct Pair {
@@ -57,18 +61,18 @@ class EditPlan {
     void FindHunks();
     void Slide(std::size_t hunk);
     [[nodiscard]] int ScoreOf(const DiffHunk& hunk) const;
-    void FindPairs(const DiffHunk& hunk);
-    [[nodiscard]] int Likeness(std::size_t base, std::size_t edited) const;
+    void FindPairs();
+    void FindPairsIn(const DiffHunk& hunk, bool keeps_blanks);
+    [[nodiscard]] int Likeness(std::size_t base, std::size_t edited, bool keeps_blanks) const;
     void MarkDeleted(const DiffHunk& hunk);
+    void PlaceOpeningTags(std::vector<EditStep>& steps) const;
+    [[nodiscard]] bool IsBesideText(std::size_t base) const;
+    [[nodiscard]] std::int32_t PlaceOf(const DiffHunk& hunk) const;
     [[nodiscard]] bool ReplacesBlock(const DiffHunk& hunk) const;
     [[nodiscard]] std::vector<bool> ExplicitTokens() const;
 
-    const TokenisedText& source_;
     const TokenisedText& base_;
     const TokenisedText& edited_;
-    // Of the base and of the edited document: what a reader sees of each token.
-    std::vector<std::uint64_t> base_keys_;
-    std::vector<std::uint64_t> edited_keys_;
     std::vector<Origin> origins_;  // for each token of the base
     std::vector<DiffHunk> hunks_;
     std::vector<Pair> pairs_;     // tokens in hunks that are changed, not replaced
@@ -77,4 +81,4 @@ class EditPlan {
     bool is_all_explicit_ = false;
 };
 
-}  // namespace quorrel
+}  // namespace quorrel::html

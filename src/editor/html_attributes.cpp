@@ -4,7 +4,7 @@
 #include "editor/html_tag_scanner.hpp"
 #include "platform/text.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 bool HtmlTagScanner::Next(AttributePlace& place) {
     while (at_ < tag_.size() && (IsHtmlBlank(tag_[at_]) || tag_[at_] == '/')) ++at_;
@@ -81,4 +81,4 @@ std::size_t TagNameEnd(std::string_view tag) {
     return std::min(at, tag.size());
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

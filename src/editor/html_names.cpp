@@ -1,6 +1,6 @@
 #include "editor/html_tokens.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 bool IsVoidElement(TagName name) {
     switch (name) {
@@ -166,4 +166,4 @@ bool IsInlineTag(TagName name) {
     }
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

@@ -8,7 +8,7 @@
 #include "platform/text.hpp"
 #include "platform/unicode.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
@@ -152,4 +152,4 @@ std::size_t DecodeReference(std::string_view text, std::size_t offset, Reference
     return 0;
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

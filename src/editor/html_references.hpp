@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace quorrel {
+namespace quorrel::html {
 
 /// Where a reference stands: in an attribute one without its ";" is none before "=", a letter or
 /// a digit, so that "?a=1&copy=2" stays a URL.
@@ -16,4 +16,4 @@ enum class ReferencePlace { kText, kAttribute };
 [[nodiscard]] std::size_t DecodeReference(std::string_view text, std::size_t offset,
                                           ReferencePlace place, std::string& decoded);
 
-}  // namespace quorrel
+}  // namespace quorrel::html

@@ -7,7 +7,7 @@
 
 #include "editor/html_tokens.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 /// Offsets into the tag. Without a value `value_begin` and `value_end` are 0.
 struct AttributePlace {
@@ -40,4 +40,4 @@ class HtmlTagScanner {
     std::size_t at_ = 0;
 };
 
-}  // namespace quorrel
+}  // namespace quorrel::html

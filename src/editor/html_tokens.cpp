@@ -6,7 +6,7 @@
 #include "editor/html_tag_scanner.hpp"
 #include "platform/text.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 namespace {
 
 constexpr std::uint64_t kHashStart = 14695981039346656037ULL;
@@ -52,7 +52,9 @@ bool IsLetter(char c) {
 
 class Tokenizer {
   public:
-    explicit Tokenizer(std::string_view text) : text_(text) { tokens_.reserve(text.size() / 4); }
+    explicit Tokenizer(std::string_view text) : text_(text) {
+        tokens_.reserve(text.size() / 3 + 16);
+    }
 
     std::vector<HtmlToken> Run() {
         while (at_ < text_.size()) ScanToken();
@@ -81,9 +83,14 @@ class Tokenizer {
             return Add(TokenKind::kBlank, begin,
                        HashNormalised(HashOfKind(TokenKind::kBlank), From(begin)));
         }
-        do ++at_;
-        while (at_ < limit && !IsHtmlBlank(text_[at_]) && !(stop_at_markup && IsMarkup(at_)));
-        Add(TokenKind::kWord, begin, HashOfText(From(begin), TokenKind::kWord));
+        std::uint64_t hash = HashOfKind(TokenKind::kWord);
+        bool is_plain = true;
+        do {
+            const char c = text_[at_++];
+            hash = HashByte(hash, c);
+            if (c == '&' || c == '\0') is_plain = false;
+        } while (at_ < limit && !IsHtmlBlank(text_[at_]) && !(stop_at_markup && IsMarkup(at_)));
+        Add(TokenKind::kWord, begin, is_plain ? hash : HashOfText(From(begin), TokenKind::kWord));
     }
 
     void ScanMarkup() {
@@ -269,10 +276,10 @@ std::uint64_t HashOfText(std::string_view text, TokenKind kind) {
     const std::uint64_t hash = HashOfKind(kind);
     if (kind != TokenKind::kWord) return HashNormalised(hash, text);
     const bool is_plain = text.find('&') == npos && text.find('\0') == npos;
-    return HashBytes(hash, is_plain ? text : std::string_view(DecodedText(text)));
+    return HashBytes(hash, is_plain ? text : std::string_view(WithoutReferences(text)));
 }
 
-std::string DecodedText(std::string_view text) {
+std::string WithoutReferences(std::string_view text) {
     std::string decoded;
     for (std::size_t at = 0; at < text.size();) {
         const char c = text[at];
@@ -340,4 +347,4 @@ Doctype ParseDoctype(std::string_view text) {
     return doctype;
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

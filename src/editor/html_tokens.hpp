@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace quorrel {
+namespace quorrel::html {
 
 /// The name of a tag as a number, so that names can be told apart by a switch.
 using TagName = std::uint32_t;
@@ -54,7 +54,7 @@ struct HtmlToken {
 /// The hash of a word that stands in several pieces of source.
 [[nodiscard]] std::uint64_t HashOfText(std::string_view text, TokenKind kind);
 /// The text of a word without references. The text of a blank with its line ends as LF.
-[[nodiscard]] std::string DecodedText(std::string_view text);
+[[nodiscard]] std::string WithoutReferences(std::string_view text);
 
 /// An attribute of a tag, with its place in the tag's source.
 struct HtmlAttribute {
@@ -91,4 +91,4 @@ struct Doctype {
 /// A tag that only dresses the text in it.
 [[nodiscard]] bool IsInlineTag(TagName name);
 
-}  // namespace quorrel
+}  // namespace quorrel::html

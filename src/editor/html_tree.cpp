@@ -4,7 +4,7 @@
 
 #include "editor/html_tree_builder.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 std::optional<std::vector<DocumentToken>> ParseDocument(std::string_view text,
                                                         const std::vector<HtmlToken>& tokens) {
@@ -81,6 +81,9 @@ std::vector<DocumentToken> HtmlTreeBuilder::Serialised() const {
             }
         } else {
             result.AddLeaf(node.token, node.hash);
+            for (std::int32_t token = node.token + 1; token <= node.end_token; ++token) {
+                result.AddLeaf(token, tokens_[token].hash);
+            }
         }
         while (true) {
             const Node& done = nodes_[at];
@@ -96,4 +99,4 @@ std::vector<DocumentToken> HtmlTreeBuilder::Serialised() const {
     return result.Take();
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

@@ -9,7 +9,7 @@
 
 #include "editor/html_tokens.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 /// A token of a serialised document.
 struct DocumentToken {
@@ -27,4 +27,4 @@ struct DocumentToken {
 [[nodiscard]] std::optional<std::vector<DocumentToken>> ParseDocument(
     std::string_view text, const std::vector<HtmlToken>& tokens);
 
-}  // namespace quorrel
+}  // namespace quorrel::html

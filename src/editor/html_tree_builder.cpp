@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace quorrel {
+namespace quorrel::html {
 namespace {
 
 /// Deeper elements become siblings.
@@ -13,7 +13,7 @@ constexpr std::size_t kDeepest = 512;
 
 HtmlTreeBuilder::HtmlTreeBuilder(std::string_view text, const std::vector<HtmlToken>& tokens)
     : text_(text), tokens_(tokens), work_allowed_(1'000'000 + tokens.size() * 64) {
-    nodes_.reserve(tokens.size() + 16);
+    nodes_.reserve(tokens.size() / 4 + 16);
     nodes_.emplace_back();
 }
 
@@ -98,24 +98,40 @@ HtmlTreeBuilder::Place HtmlTreeBuilder::PlaceFor(NodeId target) const {
 }
 
 void HtmlTreeBuilder::InsertLeaf() {
+    const Place place = PlaceFor(Current());
     Node node;
-    node.token = index_;
+    node.token = node.end_token = index_;
     node.hash = token_->hash;
     if (skips_line_feed_ && Is(TokenKind::kBlank)) {
         std::string_view text = Source(index_);
-        if (text.starts_with("\r\n"))
+        if (text.starts_with("\r\n")) {
             text.remove_prefix(2);
-        else if (text.starts_with('\n') || text.starts_with('\r'))
+        } else if (text.starts_with('\n') || text.starts_with('\r')) {
             text.remove_prefix(1);
+        }
         if (text.empty()) return;
         node.hash = HashOfText(text, TokenKind::kBlank);
+    } else if (IsText() && JoinText(place)) {
+        return;
     }
-    Insert(NewNode(node), PlaceFor(Current()));
+    Insert(NewNode(node), place);
+}
+
+/// Words that follow each other are one node.
+bool HtmlTreeBuilder::JoinText(Place place) {
+    if (place.before != kNone) return false;
+    const NodeId last = nodes_[place.parent].last;
+    if (last == kNone || nodes_[last].is_element || nodes_[last].end_token != index_ - 1)
+        return false;
+    const TokenKind kind = tokens_[index_ - 1].kind;
+    if (kind != TokenKind::kWord && kind != TokenKind::kBlank) return false;
+    nodes_[last].end_token = index_;
+    return true;
 }
 
 void HtmlTreeBuilder::AppendLeaf(NodeId parent) {
     Node node;
-    node.token = index_;
+    node.token = node.end_token = index_;
     node.hash = token_->hash;
     Insert(NewNode(node), {parent, kNone});
 }
@@ -425,4 +441,4 @@ void HtmlTreeBuilder::Rebuild(NodeId formatting, NodeId block) {
     stack_.insert(stack_.begin() + static_cast<std::ptrdiff_t>(place_of(block)) + 1, copy);
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

@@ -8,7 +8,7 @@
 
 #include "editor/html_tree.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 class HtmlTreeBuilder {
   public:
@@ -49,8 +49,8 @@ class HtmlTreeBuilder {
     struct Node {
         TagName name = 0;
         std::uint64_t hash = 0;
-        std::int32_t token = -1;
-        std::int32_t end_token = -1;
+        std::int32_t token = -1;      // of the start tag; the first of a text
+        std::int32_t end_token = -1;  // of the end tag; the last of a text
         NodeId parent = kNone;
         NodeId first = kNone;
         NodeId last = kNone;
@@ -71,6 +71,7 @@ class HtmlTreeBuilder {
     Place PlaceFor(NodeId target) const;
     Place FosterPlace() const;
     void InsertLeaf();
+    [[nodiscard]] bool JoinText(Place place);
     void AppendLeaf(NodeId parent);
     NodeId InsertElement(Space space = Space::kHtml);
     NodeId InsertImplied(TagName name);
@@ -187,4 +188,4 @@ class HtmlTreeBuilder {
 [[nodiscard]] bool IsSpecial(TagName name);
 [[nodiscard]] bool IsHeading(TagName name);
 
-}  // namespace quorrel
+}  // namespace quorrel::html

@@ -4,7 +4,7 @@
 #include "editor/html_tree_builder.hpp"
 #include "platform/text.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 void HtmlTreeBuilder::ProcessToken() {
     if (Is(TokenKind::kNothing)) return;
@@ -220,8 +220,8 @@ bool HtmlTreeBuilder::AfterHead() {
     return false;
 }
 
+/// The engine goes back into the body for white space too, so that a comment behind it is there.
 bool HtmlTreeBuilder::AfterBody() {
-    if (Is(TokenKind::kBlank)) return InBody();
     if (Is(TokenKind::kDoctype)) return true;
     if (Is(TokenKind::kComment)) {
         AppendLeaf(html_);
@@ -242,9 +242,7 @@ bool HtmlTreeBuilder::AfterAfterBody() {
         AppendLeaf(kDocument);
         return true;
     }
-    if (Is(TokenKind::kBlank) || Is(TokenKind::kDoctype) || IsStart({Tag("html")})) {
-        return InBody();
-    }
+    if (Is(TokenKind::kDoctype) || IsStart({Tag("html")})) return InBody();
     mode_ = Mode::kInBody;
     return false;
 }
@@ -701,4 +699,4 @@ bool IsSpecial(TagName name) {
     }
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

@@ -4,7 +4,7 @@
 #include "editor/html_tree_builder.hpp"
 #include "platform/text.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 void HtmlTreeBuilder::ClearStackTo(std::initializer_list<TagName> names) {
     while (stack_.size() > 1) {
@@ -435,4 +435,4 @@ bool HtmlTreeBuilder::Foreign() {
     return true;
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

@@ -12,6 +12,7 @@
 #include "editor/token_diff.hpp"
 
 namespace quorrel {
+namespace html {
 namespace {
 
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
@@ -33,6 +34,7 @@ class Preserver {
         if (!read) return std::nullopt;
         EditPlan plan(source_, base_, edited_, *read);
         if (plan.Hunks().empty()) return std::string(source_.text);
+        if (plan.ChangesTextOnly()) return Composed(plan);
         target_document_ = AsDocument(edited_.tokens);
         target_ = MeaningOf(target_document_);
         for (int tries = 1; tries <= kMostTries; ++tries) {
@@ -154,18 +156,19 @@ class Preserver {
 };
 
 }  // namespace
+}  // namespace html
 
 std::string PreserveSource(std::string_view original, std::string_view base,
                            std::string_view edited) {
     if (base == edited) return std::string(original);
     constexpr std::size_t kMost = std::numeric_limits<std::int32_t>::max();
     if (std::max({original.size(), base.size(), edited.size()}) > kMost) return std::string(edited);
-    const bool has_mark = original.starts_with(kMark);
-    if (has_mark) original.remove_prefix(kMark.size());
-    Preserver preserver(original, base, edited);
+    const bool has_mark = original.starts_with(html::kMark);
+    if (has_mark) original.remove_prefix(html::kMark.size());
+    html::Preserver preserver(original, base, edited);
     std::optional<std::string> result = preserver.Run();
     if (!result) result = preserver.WholeEngineText();
-    return has_mark ? std::string(kMark) + *result : *result;
+    return has_mark ? std::string(html::kMark) + *result : *result;
 }
 
 }  // namespace quorrel

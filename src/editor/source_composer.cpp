@@ -6,7 +6,7 @@
 #include "editor/document_tokens.hpp"
 #include "platform/text.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 namespace {
 
 using Action = EditStep::Action;
@@ -45,11 +45,12 @@ bool HasOwnEndLine(TagName name) {
 
 std::string SourceComposer::Compose(const std::vector<EditStep>& steps) {
     result_.reserve(source_.text.size() + 4096);
+    FindDisplaced(steps);
     const std::vector<std::size_t> order = OrderOf(steps);
     std::vector<std::size_t> next_kept(steps.size() + 1, source_.tokens.size());
     for (std::size_t at = steps.size(); at-- > 0;) {
         const EditStep& step = steps[order[at]];
-        const bool is_kept = step.first >= 0;
+        const bool is_kept = step.first >= 0 && !IsNew(step);
         next_kept[at] = is_kept ? static_cast<std::size_t>(step.first) : next_kept[at + 1];
     }
     for (std::size_t at = 0; at < steps.size(); ++at) {
@@ -58,7 +59,8 @@ std::string SourceComposer::Compose(const std::vector<EditStep>& steps) {
         const bool keeps_blanks = KeepsBlanks(token.name);
         if (keeps_blanks && token.kind == TokenKind::kEnd) --keeps_blanks_;
         next_kept_ = next_kept[at + 1];
-        if (step.action == Action::kNew || step.action == Action::kNewText) {
+        if (IsNew(step)) {
+            if (step.first >= 0) CopyUpTo(static_cast<std::size_t>(step.first), false);
             const bool has_layout = step.action == Action::kNew && keeps_blanks_ == 0;
             WriteNew(order[at], has_layout);
             const bool is_last =
@@ -117,21 +119,50 @@ void SourceComposer::Append(std::string_view text) {
 void SourceComposer::CopyUpTo(std::size_t token, bool is_explicit) {
     for (; at_ < token; ++at_) {
         const bool is_blank = source_.tokens[at_].kind == TokenKind::kBlank;
-        if (!is_deleted_[at_] && (is_blank || !is_explicit)) Append(source_.Of(at_));
+        if (!is_deleted_[at_] && (is_blank || !is_explicit)) CopyLeftOut(at_);
+    }
+}
+
+void SourceComposer::CopyLeftOut(std::size_t token) {
+    const auto found = displaced_.find(token);
+    if (found == displaced_.end()) return Append(source_.Of(token));
+    if (found->second < 0) return;
+    const auto edited = static_cast<std::size_t>(found->second);
+    Append(PatchedWord(source_.Of(token), edited_.Of(edited)));
+}
+
+void SourceComposer::FindDisplaced(const std::vector<EditStep>& steps) {
+    for (std::size_t at = 0; at < steps.size(); ++at) {
+        const EditStep& step = steps[at];
+        if (step.displaced < 0) continue;
+        const bool is_patched =
+            step.action == Action::kPatch && edited_.tokens[at].kind == TokenKind::kWord;
+        const bool is_written = step.is_explicit || (step.action == Action::kPatch && !is_patched);
+        if (is_written || is_patched) {
+            displaced_[static_cast<std::size_t>(step.displaced)] =
+                is_written ? -1 : static_cast<std::ptrdiff_t>(at);
+        }
     }
 }
 
 void SourceComposer::Keep(std::size_t token, const EditStep& step) {
     const bool is_patched = step.action == Action::kPatch;
     if (step.first < 0) {
-        if (is_patched || step.is_explicit) Append(TextOf(token));
+        const bool is_elsewhere =
+            step.displaced >= 0 && edited_.tokens[token].kind == TokenKind::kWord;
+        if (step.is_explicit || (is_patched && !is_elsewhere)) Append(TextOf(token));
         return;
     }
     CopyUpTo(static_cast<std::size_t>(step.first), step.is_explicit);
     const std::size_t begin = source_.tokens[at_].begin;
     const std::string_view text = source_.text.substr(begin, source_.tokens[step.last].end - begin);
     at_ = static_cast<std::size_t>(step.last) + 1;
-    if (!is_patched) return Append(text);
+    if (!is_patched) {
+        // A comment that does not end would swallow what comes behind it.
+        const bool is_open =
+            edited_.tokens[token].kind == TokenKind::kComment && !text.ends_with('>');
+        return is_open && step.is_explicit ? Append(TextOf(token)) : Append(text);
+    }
     if (source_.tokens[step.first].kind != edited_.tokens[token].kind) return Append(TextOf(token));
     const bool is_word = edited_.tokens[token].kind == TokenKind::kWord;
     Append(is_word ? PatchedWord(text, edited_.Of(token))
@@ -223,4 +254,4 @@ bool SourceComposer::LineEndFollows() const {
     return is_blank && source_.Of(at).find_first_of("\r\n") != npos;
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

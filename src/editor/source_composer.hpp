@@ -10,7 +10,7 @@
 #include "editor/html_tokens.hpp"
 #include "editor/source_spelling.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 /// A text and its tokens.
 struct TokenisedText {
@@ -35,10 +35,16 @@ struct EditStep {
     Action action = Action::kKeep;
     // What the engine added by itself is written too, because an edit stands near.
     bool is_explicit = false;
-    // The tokens of the source; -1 where the engine had added it by itself.
+    // The tokens of the source; -1 where the engine had added it by itself. Of something new,
+    // `first` is the token that it stands in the place of; -1 for none.
     std::int32_t first = -1;
     std::int32_t last = -1;
+    // Where the source has it elsewhere, as text that the engine moves out of a table.
+    std::int32_t displaced = -1;
 };
+[[nodiscard]] inline bool IsNew(const EditStep& step) {
+    return step.action == EditStep::Action::kNew || step.action == EditStep::Action::kNewText;
+}
 
 class SourceComposer {
   public:
@@ -50,6 +56,8 @@ class SourceComposer {
     [[nodiscard]] std::string Compose(const std::vector<EditStep>& steps);
 
   private:
+    void FindDisplaced(const std::vector<EditStep>& steps);
+    void CopyLeftOut(std::size_t token);
     [[nodiscard]] std::vector<std::size_t> OrderOf(const std::vector<EditStep>& steps) const;
     void Append(std::string_view text);
     /// What the engine left out stays where it is, unless the stretch is written out.
@@ -73,9 +81,12 @@ class SourceComposer {
     std::size_t line_start_ = 0;  // in result_
     std::size_t at_ = 0;          // the next token of the source
     std::size_t next_kept_ = 0;   // the next token of the source that is kept
-    int keeps_blanks_ = 0;        // elements around in which they count
+    // By the token of the source: the token of the edited document that replaces it where it
+    // stands, or -1 if it is written in its place in the document.
+    std::map<std::size_t, std::ptrdiff_t> displaced_;
+    int keeps_blanks_ = 0;  // elements around in which they count
     std::map<std::string, std::string_view, std::less<>> declarations_;  // by what they hold
     bool knows_declarations_ = false;
 };
 
-}  // namespace quorrel
+}  // namespace quorrel::html

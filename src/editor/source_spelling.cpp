@@ -8,7 +8,7 @@
 #include "editor/html_tag_scanner.hpp"
 #include "platform/text.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 namespace {
 
 bool IsUnquotable(std::string_view value) {
@@ -181,4 +181,4 @@ std::string NewComment(std::string_view engine) {
     return std::string("<!").append(data).append(">");
 }
 
-}  // namespace quorrel
+}  // namespace quorrel::html

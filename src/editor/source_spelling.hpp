@@ -8,7 +8,7 @@
 
 #include "editor/html_tokens.hpp"
 
-namespace quorrel {
+namespace quorrel::html {
 
 /// What an author's source looks like.
 struct SourceStyle {
@@ -35,4 +35,4 @@ struct SourceStyle {
 /// that is masked, "<!- begin expanding section ->".
 [[nodiscard]] std::string NewComment(std::string_view engine);
 
-}  // namespace quorrel
+}  // namespace quorrel::html

@@ -1,12 +1,14 @@
-// preserve-check [--edit=NAME|--edit=all] [--dump FOLDER] FILE|FOLDER...
+// preserve-check [--edit=NAME|--edit=all] [--places=COUNT] [--dump FOLDER] FILE|FOLDER...
 //
-// Edits each topic in the web engine and checks that its source is kept but for the edit. With
-// --dump the texts that went in and came out are written to the folder.
+// Edits each topic in the web engine, in its middle or one time after the other in as many
+// places, and checks that its source is kept but for the edit. With --dump the texts that went in
+// and came out are written to the folder.
 #include <unistd.h>
 
 #include <QApplication>
+#include <algorithm>
 #include <cstdio>
-#include <cstring>
+#include <cstdlib>
 #include <fstream>
 
 #include "platform/failure.hpp"
@@ -20,6 +22,7 @@ namespace fs = std::filesystem;
 
 struct Request {
     std::vector<std::string> edits = {"word"};
+    int places = 1;
     fs::path dump;
     std::vector<fs::path> topics;
 };
@@ -31,6 +34,8 @@ Request RequestOf(int argc, char** argv) {
         if (argument.starts_with("--edit=")) {
             const std::string name(argument.substr(7));
             request.edits = name == "all" ? EditNames() : std::vector<std::string>{name};
+        } else if (argument.starts_with("--places=")) {
+            request.places = std::max(1, std::atoi(argv[at] + 9));
         } else if (argument == "--dump" && at + 1 < argc) {
             request.dump = argv[++at];
         } else {
@@ -92,11 +97,16 @@ int Run(const Request& request) {
     for (const fs::path& topic : request.topics) {
         ++number;
         for (const std::string& edit : request.edits) {
-            const TopicOutcome outcome = CheckTopic(page, topic, edit);
-            totals.Add(topic, edit, outcome);
-            if (request.dump.empty()) continue;
-            Dump(request.dump, std::to_string(number) + "-" + topic.stem().string() + "-" + edit,
-                 outcome);
+            for (int place = 0; place < request.places; ++place) {
+                const TopicOutcome outcome =
+                    CheckTopic(page, topic, edit, (place + 0.5) / request.places);
+                totals.Add(topic, edit, outcome);
+                if (request.dump.empty()) continue;
+                Dump(request.dump,
+                     std::to_string(number) + "-" + topic.stem().string() + "-" + edit + "-" +
+                         std::to_string(place),
+                     outcome);
+            }
         }
     }
     return totals.Report();

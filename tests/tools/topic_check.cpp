@@ -14,9 +14,9 @@
 namespace quorrel::test {
 namespace {
 
-/// The word in the middle of the body, as a text node with two offsets, and helpers for it.
+/// The word at PLACE of the body, as a text node with two offsets, and helpers for it.
 const char* const kFindWord = R"(
-    const isText = node => !node.parentElement.closest('script,style,textarea,title,select,svg');
+    const isText = node => !node.parentElement.closest('script,style,textarea,title,select,svg,xmp');
     const walker = document.createTreeWalker(document.body, NodeFilter.SHOW_TEXT);
     const words = [];
     while (walker.nextNode()) {
@@ -25,7 +25,7 @@ const char* const kFindWord = R"(
             words.push([walker.currentNode, hit.index, hit.index + hit[0].length]);
     }
     if (words.length === 0) return 'no word';
-    const [node, begin, end] = words[words.length >> 1];
+    const [node, begin, end] = words[Math.min(Math.floor(words.length * PLACE), words.length - 1)];
     const range = document.createRange();
     range.setStart(node, begin);
     range.setEnd(node, end);
@@ -49,18 +49,14 @@ struct Edit {
 bool IsOneLineChanged(const TopicOutcome& outcome) {
     return outcome.removed_lines == 1 && outcome.added_lines == 1;
 }
-/// Whether all of the source is still there, in order, around one new stretch.
-bool IsInsertion(const TopicOutcome& outcome) {
-    const std::string& before = outcome.original;
-    const std::string& after = outcome.preserved;
-    if (after.size() < before.size()) return false;
-    const auto differing = std::mismatch(before.begin(), before.end(), after.begin()).first;
-    const auto prefix = static_cast<std::size_t>(differing - before.begin());
-    return after.ends_with(std::string_view(before).substr(prefix));
-}
-/// New lines; where the block ends within a line, that line is cut in two.
+/// New lines; where the block ends within a line or formatting reaches over it, that line is cut
+/// in two and tags are closed and opened again, but all of it is still there.
 bool IsOnlyAdded(const TopicOutcome& outcome) {
-    return outcome.removed_lines == 0 || (outcome.removed_lines == 1 && IsInsertion(outcome));
+    std::size_t kept = 0;
+    for (const char c : outcome.preserved) {
+        if (kept < outcome.original.size() && c == outcome.original[kept]) ++kept;
+    }
+    return kept == outcome.original.size() && outcome.removed_lines <= 1;
 }
 bool IsOnlyRemoved(const TopicOutcome& outcome) {
     return outcome.preserved.size() < outcome.original.size() && outcome.added_lines <= 1;
@@ -74,7 +70,7 @@ const std::vector<Edit>& Edits() {
         {"word", "node.replaceData(begin, end - begin, 'Exchanged'); return '';", IsOneLineChanged},
         {"paragraph", R"(
             const block = node.parentElement.closest('p,h1,h2,h3,h4,h5,h6,pre,ul,ol,dl,table,div');
-            if (!block) return 'no block';
+            if (!block || block.parentElement.closest('p')) return 'no block';
             const added = document.createElement('p');
             added.textContent = 'Added & new.';
             block.after(added);
@@ -83,8 +79,7 @@ const std::vector<Edit>& Edits() {
         {"bold", "range.surroundContents(document.createElement('b')); return '';",
          IsOneLineChanged},
         {"attribute", R"(
-            const element = node.parentElement.closest('body [class],body [width],body [align],p')
-                ?? node.parentElement;
+            const element = node.parentElement.closest('p,h1,h2,h3,h4,li,td,th,ul,table,div,body');
             const name = element.attributes.length ? element.attributes[0].name : 'title';
             element.setAttribute(name, 'a new "value"');
             return '';)",
@@ -200,7 +195,7 @@ const std::vector<std::string>& EditNames() {
 }
 
 TopicOutcome CheckTopic(EnginePage& page, const std::filesystem::path& file,
-                        std::string_view edit_name) {
+                        std::string_view edit_name, double place) {
     const Edit& edit = EditNamed(edit_name);
     NativeFileSystem files;
     const std::string path = files.WindowsPath(std::filesystem::absolute(file).string());
@@ -213,8 +208,8 @@ TopicOutcome CheckTopic(EnginePage& page, const std::filesystem::path& file,
     }
     if (!page.Load(outcome.original, path)) return Skipped("the engine does not load it");
     outcome.base = page.Serialised();
-    const QString script =
-        QString("(() => {") + kFindWord + QString::fromUtf8(edit.script) + "})()";
+    const QString script = "(() => { const PLACE = " + QString::number(place) + ";" + kFindWord +
+                           QString::fromUtf8(edit.script) + "})()";
     const QVariant refusal = page.Run(script);
     if (refusal.toString() != "" || !refusal.isValid()) {
         return Skipped(refusal.isValid() ? refusal.toString().toStdString() : "script error");

@@ -26,11 +26,12 @@ struct TopicOutcome {
     std::string preserved;
 };
 
-/// The topic in the file is loaded as the editor does it, with its OBJECT tags masked, edited
-/// about the middle of its text, and its source put together again. Fails if the engine reads
-/// the result as anything else than the edited document, or if more lines changed than need to.
+/// The topic in the file is loaded as the editor does it, with its OBJECT tags masked, edited at
+/// a word (`place` of the way through its text, from 0 to 1), and its source put together again.
+/// Fails if the engine reads the result as anything else than the edited document, or if more lines
+/// changed than need to.
 [[nodiscard]] TopicOutcome CheckTopic(EnginePage& page, const std::filesystem::path& file,
-                                      std::string_view edit);
+                                      std::string_view edit, double place = 0.5);
 
 /// The HTML files in a folder and below, in order; a file itself.
 [[nodiscard]] std::vector<std::filesystem::path> TopicsIn(const std::filesystem::path& place);
