@@ -13,6 +13,7 @@ function applyView(wanted) {
     view = wanted;
     document.designMode = view.browse ? 'off' : 'on';
     if (view.browse) {
+        if (control !== null) getSelection().collapseToStart();
         control = null;
         showSheets([]);
     } else {
