@@ -42,6 +42,7 @@ PageCalls::PageCalls(QWebEnginePage* page, QObject* parent) : QObject(parent), p
 void PageCalls::SetLoad(int load) {
     load_ = load;
     version_ = 0;
+    ++count_;
     released_.clear();
     emit Ended();
 }
@@ -73,6 +74,7 @@ QVariant PageCalls::Call(const char* name, const QJsonArray& arguments) {
     if (load_ == 0 || page_.isNull()) throw RuntimeError(run_time_error::kObjectNotSet);
     const QPointer<PageCalls> self = this;
     const int load = load_;
+    ++count_;
     ++waiting_;
     const QVariantMap reply = Run(Code(name, arguments)).toMap();
     if (self.isNull()) throw RuntimeError(run_time_error::kDeviceError);
@@ -92,6 +94,7 @@ QVariant PageCalls::CallFor(int load, const char* name, const QJsonArray& argume
 
 void PageCalls::Post(const char* name, const QJsonArray& arguments) {
     if (load_ == 0 || page_.isNull()) return;
+    ++count_;
     page_->runJavaScript(Code(name, arguments), QWebEngineScript::ApplicationWorld);
 }
 

@@ -39,6 +39,9 @@ class PageCalls : public QObject {
     /// The state of the content: 0 as loaded, and another number for each other state.
     [[nodiscard]] int Version() const { return version_; }
     void SetVersion(int version) { version_ = version; }
+    /// Grows with each call that may have changed something, and with each message from the page.
+    [[nodiscard]] int Count() const { return count_; }
+    void NoteMessage() { ++count_; }
 
   signals:
     /// Nobody waits any longer.
@@ -55,6 +58,7 @@ class PageCalls : public QObject {
     int load_ = 0;
     int version_ = 0;
     int waiting_ = 0;
+    int count_ = 0;
 };
 
 }  // namespace quorrel

@@ -1,14 +1,31 @@
 // The commands of the web engine's surface.
+#include <QClipboard>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QInputDialog>
+#include <QMimeData>
+#include <QPrintDialog>
+#include <QPrinter>
+
 #include "platform/failure.hpp"
+#include "ui/find_bar.hpp"
+#include "ui/font_dialog.hpp"
 #include "ui/qt_text.hpp"
+#include "ui/surface_clipboard.hpp"
 #include "ui/topic_view.hpp"
 #include "ui/web_surface.hpp"
 
 namespace quorrel {
 namespace {
 
-constexpr int kFirst = surface_command::DECMD_BOLD;
-constexpr int kLast = surface_command::DECMD_UNORDERLIST;
+using namespace surface_command;
+
+constexpr int kFirst = DECMD_BOLD;
+constexpr int kLast = DECMD_UNORDERLIST;
+constexpr int kNotAvailable = 445;
+constexpr std::int64_t kWholeDocument = 1'000'000'000;
+constexpr int kWholeWords = 2;
+constexpr int kMatchCase = 4;
 
 struct ToJson {
     QJsonValue operator()(std::monostate) const { return {}; }
@@ -26,7 +43,6 @@ struct ToJson {
 };
 
 CommandValue FromPage(int command, const QVariant& result) {
-    using namespace surface_command;
     switch (command) {
         case DECMD_GETBACKCOLOR:
         case DECMD_GETBLOCKFMT:
@@ -45,25 +61,136 @@ CommandValue FromPage(int command, const QVariant& result) {
     }
 }
 
+FontChoice FontFrom(const QVariantMap& font) {
+    return {font["name"].toString(), font["size"].toInt(),    QColor(font["color"].toString()),
+            font["bold"].toBool(),   font["italic"].toBool(), font["underline"].toBool()};
+}
+
+QJsonObject JsonOf(const FontChoice& font) {
+    return {{"name", font.name}, {"size", font.size},     {"color", font.color.name().toUpper()},
+            {"bold", font.bold}, {"italic", font.italic}, {"underline", font.underline}};
+}
+
 }  // namespace
 
-CommandValue WebSurface::ExecCommand(int command, CommandOption, const CommandValue& value) {
+CommandValue WebSurface::ExecCommand(int command, CommandOption option, const CommandValue& value) {
     if (command < kFirst || command > kLast) throw RuntimeError(run_time_error::kInvalidArgument);
-    if (!IsReady()) throw RuntimeError(445, "The command is not available.");
-    return FromPage(command, calls_->Call("command", {command, std::visit(ToJson{}, value)}));
+    const int status = QueryStatus(command);
+    if (status == command_status::kNotSupported) {
+        throw RuntimeError(run_time_error::kInvalidArgument);
+    }
+    if (status < command_status::kEnabled) {
+        throw RuntimeError(kNotAvailable, "The command is not available.");
+    }
+    QJsonValue argument = std::visit(ToJson{}, value);
+    switch (command) {
+        case DECMD_FINDTEXT:
+            OpenFindBar();
+            return {};
+        case DECMD_PASTE:
+            calls_->Call("paste", {PasteData(*QGuiApplication::clipboard()->mimeData())});
+            return {};
+        case DECMD_COPY:
+        case DECMD_CUT:
+            SetClipboard(calls_->Call("command", {command, argument}).toMap());
+            return {};
+        default:
+            break;
+    }
+    if (option == CommandOption::kPromptUser) {
+        const std::optional<QJsonValue> chosen = Ask(command, argument);
+        if (!chosen) return {};
+        argument = *chosen;
+    }
+    return FromPage(command, calls_->Call("command", {command, argument}));
+}
+
+std::optional<QJsonValue> WebSurface::Ask(int command, const QJsonValue& given) {
+    if (command == DECMD_FONT) {
+        FontDialog dialog(FontFrom(calls_->Call("font").toMap()), view_);
+        if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+        return JsonOf(dialog.Choice());
+    }
+    if (command == DECMD_HYPERLINK || command == DECMD_IMAGE) {
+        const bool is_link = command == DECMD_HYPERLINK;
+        const QString start =
+            is_link && given.isNull() ? calls_->Call("link").toString() : given.toString();
+        bool is_given = false;
+        const QString address = QInputDialog::getText(
+            view_, is_link ? "Hyperlink" : "Graphic",
+            is_link ? "Address:" : "File or address:", QLineEdit::Normal, start, &is_given);
+        if (!is_given || address.isEmpty()) return std::nullopt;
+        return address;
+    }
+    return given;
 }
 
 QVariantMap WebSurface::Statuses() {
-    return calls_->Call("statuses").toMap();
+    if (is_input_seen_ || statuses_.isEmpty() || statuses_at_ != calls_->Count()) {
+        is_input_seen_ = false;
+        statuses_ = calls_->Call("statuses").toMap();
+        statuses_at_ = calls_->Count();
+    }
+    return statuses_;
 }
 
 int WebSurface::QueryStatus(int command) {
     if (command < kFirst || command > kLast) return command_status::kNotSupported;
     if (!IsReady()) return command_status::kDisabled;
+    if (command == DECMD_FINDTEXT) return command_status::kEnabled;
+    if (command == DECMD_PASTE) {
+        const bool is_there = CanPaste(QGuiApplication::clipboard()->mimeData());
+        return is_there && !look_.browse ? command_status::kEnabled : command_status::kDisabled;
+    }
     const QVariant status = Statuses().value(QString::number(command));
     return status.isValid() ? status.toInt() : command_status::kNotSupported;
 }
 
-void WebSurface::Print() {}
+// ---- Finding
+
+void WebSurface::OpenFindBar() {
+    const auto range = document_.selection().createRange();
+    const QString text = range == nullptr ? QString() : ToQt(range->Text());
+    find_bar_->Open(text);
+}
+
+void WebSurface::Search(FindBar::Step step) {
+    find_bar_->ShowMessage({});
+    const std::string text = FromQt(find_bar_->Text());
+    if (text.empty() || !IsReady()) return;
+    const bool is_up = step == FindBar::Step::kPrevious;
+    const std::int64_t count = is_up ? -kWholeDocument : kWholeDocument;
+    const int flags =
+        (find_bar_->WholeWords() ? kWholeWords : 0) | (find_bar_->MatchCase() ? kMatchCase : 0);
+    auto range = document_.selection().createRange();
+    const auto body = document_.body();
+    if (body == nullptr) return;
+    if (range == nullptr) range = body->createTextRange();
+    range->collapse(is_up || step == FindBar::Step::kHere);
+    if (!range->findText(text, count, flags)) {
+        // From the other end on.
+        range = body->createTextRange();
+        range->collapse(!is_up);
+        const bool is_found = range->findText(text, count, flags);
+        find_bar_->ShowMessage(is_found ? FindBar::WrappedMessage(step)
+                                        : FindBar::NotFoundMessage());
+        if (!is_found) return;
+    }
+    range->Select();
+    range->scrollIntoView();
+}
+
+// ---- Printing
+
+void WebSurface::Print() {
+    if (!IsReady()) return;
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    QPrintDialog dialog(printer.get(), view_);
+    if (dialog.exec() != QDialog::Accepted || view_.isNull()) return;
+    // The printer must live until the engine is done with it.
+    connect(
+        view_, &QWebEngineView::printFinished, this, [printer](bool) {}, Qt::SingleShotConnection);
+    view_->print(printer.get());
+}
 
 }  // namespace quorrel

@@ -2,18 +2,34 @@
 
 #include <QChildEvent>
 #include <QContextMenuEvent>
-#include <QKeyEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 
 namespace quorrel {
 
 TopicView::TopicView(QWidget* parent) : QWebEngineView(parent) {
     setObjectName("DHTMLEdit1");
     setAccessibleName("Topic");
-    setAcceptDrops(false);
+    setAcceptDrops(true);
 }
 
 void TopicView::contextMenuEvent(QContextMenuEvent* event) {
     if (menu_wanted) menu_wanted(event->pos());
+}
+
+void TopicView::dragEnterEvent(QDragEnterEvent* event) {
+    event->setAccepted(may_drop && may_drop(*event));
+}
+
+void TopicView::dragMoveEvent(QDragMoveEvent* event) {
+    event->setAccepted(may_drop && may_drop(*event));
+}
+
+void TopicView::dragLeaveEvent(QDragLeaveEvent*) {}
+
+void TopicView::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    if (dropped) dropped(*event);
 }
 
 void TopicView::childEvent(QChildEvent* event) {
@@ -25,9 +41,6 @@ void TopicView::childEvent(QChildEvent* event) {
 bool TopicView::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::KeyPress:
-            if (input_seen) input_seen();
-            if (key_pressed && key_pressed(*static_cast<QKeyEvent*>(event))) return true;
-            break;
         case QEvent::InputMethod:
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonRelease:

@@ -14,13 +14,18 @@ class TopicView : public QWebEngineView {
 
     /// The user did something that the page may answer by a change.
     std::function<void()> input_seen;
-    /// A key, before the page gets it; true keeps it from the page.
-    std::function<bool(const QKeyEvent&)> key_pressed;
     /// The user asks for the context menu.
     std::function<void(const QPoint& place)> menu_wanted;
+    /// Drags over the page and drops on it, which the engine does not get.
+    std::function<bool(const QDropEvent& drop)> may_drop;
+    std::function<void(const QDropEvent& drop)> dropped;
 
   protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void childEvent(QChildEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 };

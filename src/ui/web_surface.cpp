@@ -4,7 +4,9 @@
 #include <QLabel>
 #include <QMenu>
 #include <QRandomGenerator>
+#include <QShortcut>
 #include <QStackedWidget>
+#include <QVBoxLayout>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineProfile>
 #include <QWebEngineScriptCollection>
@@ -15,6 +17,7 @@
 #include "platform/failure.hpp"
 #include "platform/text.hpp"
 #include "platform/topic_encoding.hpp"
+#include "ui/find_bar.hpp"
 #include "ui/qt_text.hpp"
 #include "ui/surface_script.hpp"
 #include "ui/topic_page.hpp"
@@ -98,13 +101,36 @@ void WebSurface::StartEngine() {
     auto* handler = new TopicSchemeHandler(
         files_, [this] { return code_page(); }, document, profile_.get());
     profile_->installUrlSchemeHandler(kTopicScheme, handler);
-    view_ = new TopicView(stack_);
+    view_ = new TopicView(nullptr);
     page_ = new TopicPage(profile_.get(), this);
     calls_ = std::make_unique<PageCalls>(page_, nullptr);
     document_.SetCalls(calls_.get());
     ConnectPage();
     view_->setPage(page_);
-    stack_->addWidget(view_);
+    BuildPane();
+}
+
+void WebSurface::BuildPane() {
+    pane_ = new QWidget;
+    auto* column = new QVBoxLayout(pane_);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(view_, 1);
+    find_bar_ = new FindBar(pane_);
+    column->addWidget(find_bar_);
+    // The view hands its keys to a child that comes and goes; the bar's keys are taken here.
+    find_bar_->Serve(view_);
+    connect(find_bar_, &FindBar::OpenRequested, this, &WebSurface::OpenFindBar);
+    connect(find_bar_, &FindBar::Find, this, &WebSurface::Search);
+    const auto on_key = [this](const QKeySequence& key, auto work) {
+        auto* shortcut = new QShortcut(key, pane_);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, work);
+    };
+    on_key(QKeySequence::Find, [this] { OpenFindBar(); });
+    on_key(Qt::Key_F3, [this] { find_bar_->Repeat(FindBar::Step::kNext); });
+    on_key(Qt::SHIFT | Qt::Key_F3, [this] { find_bar_->Repeat(FindBar::Step::kPrevious); });
+    stack_->addWidget(pane_);
 }
 
 void WebSurface::ConnectPage() {
@@ -114,6 +140,8 @@ void WebSurface::ConnectPage() {
     connect(page_, &QWebEnginePage::renderProcessTerminated, this, &WebSurface::NoteCrash);
     connect(calls_.get(), &PageCalls::Idle, this, &WebSurface::DeliverEvents, Qt::QueuedConnection);
     view_->input_seen = [this] { is_input_seen_ = true; };
+    view_->may_drop = [this](const QDropEvent& event) { return MayDrop(event); };
+    view_->dropped = [this](const QDropEvent& event) { Drop(event); };
     view_->menu_wanted = [this](const QPoint& place) {
         Events events;
         events.menu = place;
@@ -165,7 +193,7 @@ void WebSurface::StartLoad() {
     if (!bookmark_.isEmpty()) shown.setFragment(bookmark_);
     page_->scripts().clear();
     page_->scripts().insert(SurfaceScript(Setup()));
-    stack_->setCurrentWidget(view_);
+    stack_->setCurrentWidget(pane_);
     page_->Show(shown);
 }
 
@@ -177,7 +205,11 @@ QJsonObject WebSurface::LookForPage() const {
 }
 
 QJsonObject WebSurface::Setup() const {
-    return {{"token", token_}, {"load", load_}, {"marker", kMarker}, {"view", LookForPage()}};
+    // Where a native root has no drive of its own, one stands for it.
+    const std::string root = files_.WindowsPath("/").substr(0, 2);
+    return {{"token", token_},   {"load", load_},
+            {"marker", kMarker}, {"root", root.ends_with(':') ? ToQt(root) : QString()},
+            {"copied", copied_}, {"view", LookForPage()}};
 }
 
 void WebSurface::SaveDocument(std::string_view path) {
@@ -285,6 +317,7 @@ void WebSurface::NoteMessage(const QString& text) {
         if (is_loaded_) NoteReady();
     }
     if (!IsReady()) return;
+    calls_->NoteMessage();
     Events events;
     if (type == "edited") {
         calls_->SetVersion(message["version"].toInt());
@@ -293,6 +326,10 @@ void WebSurface::NoteMessage(const QString& text) {
     } else if (type == "doubleclick") {
         events.double_click = true;
         Raise(events);
+    } else if (type == "copied") {
+        copied_ = message["copied"];
+    } else if (type == "pasteFiles") {
+        QMetaObject::invokeMethod(this, &WebSurface::PasteFiles, Qt::QueuedConnection);
     } else if (type == "link") {
         events.link = QUrl(message["url"].toString());
         Raise(events);
@@ -302,6 +339,7 @@ void WebSurface::NoteMessage(const QString& text) {
 void WebSurface::NoteReady() {
     if (!busy_) return;
     calls_->SetLoad(load_);
+    if (view_->hasFocus()) calls_->Post("prepare", {});
     EndLoad();
 }
 
@@ -399,6 +437,8 @@ void WebSurface::SetSnapToGrid(bool on) {
 void WebSurface::SetFocus() {
     if (view_.isNull()) return;
     view_->setFocus();
+    // There must be a caret then.
+    if (IsReady()) calls_->Post("prepare", {});
 }
 
 }  // namespace quorrel

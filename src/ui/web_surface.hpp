@@ -17,10 +17,13 @@
 
 #include "platform/file_system.hpp"
 #include "platform/surfaces.hpp"
+#include "ui/find_bar.hpp"
 #include "ui/page_calls.hpp"
 #include "ui/web_document.hpp"
 
+class QDropEvent;
 class QLabel;
+class QMimeData;
 class QStackedWidget;
 class QWebEngineLoadingInfo;
 class QWebEngineProfile;
@@ -86,6 +89,9 @@ class WebSurface : public QObject, public EditSurface {
     /// The user followed a link to a file: its Windows path, and a bookmark. While editing this
     /// takes Ctrl and a click.
     std::function<void(const std::string& path, const QString& bookmark)> link_clicked;
+    /// Something is dropped that did not come from the document. True if the drop is taken care
+    /// of: then only the caret goes there, and DisplayChanged follows.
+    std::function<bool(const QMimeData& dropped)> drop_taken;
     /// The next document is shown from this bookmark on.
     void SetNextBookmark(const QString& bookmark) { next_bookmark_ = bookmark; }
 
@@ -107,6 +113,7 @@ class WebSurface : public QObject, public EditSurface {
     };
 
     void StartEngine();
+    void BuildPane();
     void ConnectPage();
     void Show();
     void StartLoad();
@@ -128,12 +135,22 @@ class WebSurface : public QObject, public EditSurface {
     [[nodiscard]] int Version() const;
     [[nodiscard]] std::string EditedSource() const;
     [[nodiscard]] QVariantMap Statuses();
+    /// The value for a command by the user, nothing if the dialog is cancelled.
+    std::optional<QJsonValue> Ask(int command, const QJsonValue& given);
+    void OpenFindBar();
+    void Search(FindBar::Step step);
+
+    void PasteFiles();
+    [[nodiscard]] bool MayDrop(const QDropEvent& event) const;
+    void Drop(const QDropEvent& event);
 
     FileSystem& files_;
     QPointer<QStackedWidget> stack_;
     QPointer<QLabel> hint_;
     std::unique_ptr<QWebEngineProfile> profile_;
+    QPointer<QWidget> pane_;  // the view, and the bar for finding under it
     QPointer<TopicView> view_;
+    QPointer<FindBar> find_bar_;
     QPointer<TopicPage> page_;
     std::unique_ptr<PageCalls> calls_;
     WebDocument document_;
@@ -164,6 +181,9 @@ class WebSurface : public QObject, public EditSurface {
 
     bool preserve_ = true;
     Look look_;
+    QJsonValue copied_;  // what was copied last from a topic, as the script keeps it
+    QVariantMap statuses_;
+    int statuses_at_ = 0;
     Events events_;
     QTimer display_timer_;
 };

@@ -78,7 +78,7 @@ TEST_F(Editing, TheMarkerLeavesNoTrace) {
     OpenBody("<p>one <b>two</b> three</p><table><tbody><tr><td>c</td></tr></tbody></table>");
     CaretAfter("three");
     Type("X");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return surface.IsDirty(); }, 5000));
+    ASSERT_TRUE(WaitFor([&] { return surface.IsDirty(); }));
     Do(DECMD_UNDO);
     ASSERT_FALSE(surface.IsDirty());
     Select("two");
@@ -131,18 +131,18 @@ TEST_F(Editing, EventsComeFromTheLoop) {
         Can(DECMD_BOLD);
     };
     OpenBody("<p>one</p>");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return completed == 1; }, 5000));
+    EXPECT_TRUE(WaitFor([&] { return completed == 1; }));
     QTest::qWait(100);
     displayed = 0;
     Do(DECMD_SELECTALL);
     Do(DECMD_BOLD);
     EXPECT_EQ(displayed, 0);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return displayed > 0; }, 5000));
+    EXPECT_TRUE(WaitFor([&] { return displayed > 0; }));
     surface.SetDocumentHTML("<p>two</p>");
     EXPECT_TRUE(surface.Busy());
     EXPECT_EQ(surface.DocumentHTML(), "<p>two</p>");
     EXPECT_EQ(completed, 1);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return completed == 2; }, 5000));
+    EXPECT_TRUE(WaitFor([&] { return completed == 2; }));
     EXPECT_TRUE(surface.IsDirty());
 }
 

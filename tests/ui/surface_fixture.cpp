@@ -1,11 +1,24 @@
 #include "ui/surface_fixture.hpp"
 
+#include <QDeadlineTimer>
+#include <QTimer>
 #include <QWebEnginePage>
 #include <QWebEngineScript>
 
 #include "platform/text.hpp"
 
 namespace quorrel::test {
+
+bool WaitFor(const std::function<bool()>& condition) {
+    QDeadlineTimer deadline(20000);
+    QTimer wake;
+    wake.start(10);
+    while (!condition()) {
+        if (deadline.hasExpired()) return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return true;
+}
 
 SurfaceFixture::SurfaceFixture() : surface(files) {
     surface.Widget()->resize(600, 400);
@@ -25,7 +38,7 @@ void SurfaceFixture::OpenBody(const std::string& body) {
 }
 
 void SurfaceFixture::WaitUntilThere() {
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !surface.Busy(); }, 20000));
+    ASSERT_TRUE(WaitFor([&] { return !surface.Busy(); }));
     ASSERT_NE(surface.DOM().body(), nullptr);
 }
 
@@ -97,12 +110,12 @@ QRect SurfaceFixture::PlaceOf(const QString& selector) {
             if (r.size() == 4) place = {r[0].toInt(), r[1].toInt(), r[2].toInt(), r[3].toInt()};
             is_there = true;
         });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return is_there; }, 20000));
+    EXPECT_TRUE(WaitFor([&] { return is_there; }));
     return place;
 }
 
 bool SurfaceFixture::BodyBecomes(const std::string& body) {
-    const bool has_come = QTest::qWaitFor([&] { return Body() == body; }, 5000);
+    const bool has_come = WaitFor([&] { return Body() == body; });
     EXPECT_EQ(Body(), body);
     return has_come;
 }

@@ -7,6 +7,7 @@
 #include <QTest>
 #include <QWebEngineView>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -15,6 +16,10 @@
 #include "ui/web_surface.hpp"
 
 namespace quorrel::test {
+
+/// Waits for events until `condition` holds; false if it takes 20 seconds. (The engine works in
+/// many small events, between which the toolkit's own waiting sleeps.)
+bool WaitFor(const std::function<bool()>& condition);
 
 class SurfaceFixture : public testing::Test {
   protected:

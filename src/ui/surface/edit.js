@@ -20,29 +20,48 @@ function keepOpen(block) {
     }
 }
 
-// Takes the emptied element away, and what held nothing else.
-function removeEmptied(element) {
+const kHolders = new Set('UL OL DL DIR MENU LI P DIV BLOCKQUOTE'.split(' '));
+
+// Takes the emptied element away, and what held nothing else, but not what holds `kept`.
+function removeEmptied(element, kept) {
     const parent = element.parentNode;
     element.remove();
-    const isHolder = parent instanceof Element && /^(UL|OL|DL|DIR|MENU|LI|P|DIV|BLOCKQUOTE)$/.test(upperName(parent));
-    if (isHolder && hasNothing(parent)) removeEmptied(parent);
+    const isHolder = parent instanceof Element && kHolders.has(upperName(parent));
+    if (isHolder && !parent.contains(kept) && hasNothing(parent)) removeEmptied(parent, kept);
+}
+
+const kFormats = new Set(
+    'A ABBR B BIG CITE CODE DFN EM FONT I KBD S SMALL SPAN STRIKE STRONG SUB SUP TT U VAR'.split(' '));
+
+// The formats of what is gone go too, but for those around `kept`.
+function removeEmptyFormats(node, kept) {
+    let element = contextElement(node);
+    while (element !== null && kFormats.has(upperName(element)) && !element.contains(kept) &&
+           element.textContent === '' && element.firstElementChild === null) {
+        const parent = element.parentElement;
+        element.remove();
+        element = parent;
+    }
 }
 
 // Deletes the range and makes one block of those in which it began and ended.
 function deleteRange(range) {
     if (range.collapsed) return;
-    const first = blockOf(range.startContainer);
-    const last = blockOf(range.endContainer);
-    const cellOf = (node) => (node instanceof Element ? node : node.parentElement).closest('td,th');
-    const isOneCell = cellOf(range.startContainer) === cellOf(range.endContainer);
+    const {startContainer, startOffset, endContainer} = range;
+    const first = blockOf(startContainer);
+    const last = blockOf(endContainer);
+    const cellOf = (node) => contextElement(node).closest('td,th');
+    const isOneCell = cellOf(startContainer) === cellOf(endContainer);
     range.deleteContents();
-    if (first === last || !isOneCell || !last.isConnected || last.contains(first)) return;
-    const [node, offset] = [range.startContainer, range.startOffset];
-    const rest = last.contains(range.endContainer) ? [...last.childNodes] : [];
-    const anchor = first.contains(last) ? last : null;
-    rest.forEach((child) => first.insertBefore(child, anchor));
-    removeEmptied(last);
-    if (node.isConnected) range.setStart(node, Math.min(offset, lengthOf(node)));
+    removeEmptyFormats(endContainer, startContainer);
+    if (first !== last && isOneCell && last.isConnected && !last.contains(first)) {
+        const place = first.contains(last) ? last : null;
+        for (const child of Array.from(last.childNodes)) first.insertBefore(child, place);
+        removeEmptied(last, first);
+    }
+    if (startContainer.isConnected) {
+        range.setStart(startContainer, Math.min(startOffset, lengthOf(startContainer)));
+    }
     range.collapse(true);
 }
 
@@ -130,6 +149,12 @@ function pasteHTML(range, html) {
     if (getSelection().rangeCount === 0 || !isPlace(getSelection().anchorNode, getSelection().anchorOffset)) {
         selectRange(range);
     }
+}
+
+function fragmentWith(content) {
+    const fragment = document.createDocumentFragment();
+    fragment.append(content);
+    return fragment;
 }
 
 // Puts a fragment in the place of the selection, with the caret behind it.

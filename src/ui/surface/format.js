@@ -6,7 +6,25 @@ const kLatched = 7;
 const kNinched = 11;
 
 const enabledIf = (condition) => (condition ? kEnabled : kDisabled);
-const native = (name, value = null) => document.execCommand(name, false, value);
+function native(name, value = null) {
+    prepare();
+    return document.execCommand(name, false, value);
+}
+
+// The engine is told how to edit when that begins: telling it makes it lay the page out, for which
+// a topic that is only looked at need not wait.
+let isPrepared = false;
+function prepare() {
+    if (isPrepared || document.body === null) return;
+    isPrepared = true;
+    document.execCommand('styleWithCSS', false, false);
+    document.execCommand('defaultParagraphSeparator', false, 'p');
+    if (getSelection().rangeCount === 0) getSelection().collapse(...textMap().place(0));
+    lastSelection = savedSelection();
+}
+calls.prepare = prepare;
+addEventListener('focus', prepare);
+document.addEventListener('keydown', prepare, true);
 
 // number -> {status(), run(value), isStep}. `run` gives the result of a command that has one.
 const commands = {};
@@ -19,7 +37,7 @@ function runCommand(number, value = null) {
     if (!command) throw new Refusal(5);
     if (command.status() < kEnabled) throw new Refusal(445);
     if (!command.isStep) return command.run(value);
-    if (getSelection().rangeCount === 0) selectRange(currentRange());
+    prepare();
     return runStep('command', () => command.run(value));
 }
 calls.command = runCommand;
@@ -185,7 +203,6 @@ function keepingSelection(work) {
 }
 
 const listOf = (node) => contextElement(node).closest('ol,ul,dir,menu');
-const contextElement = (node) => (node instanceof Element ? node : node.parentElement);
 
 function makeList(name) {
     const isIn = () => {
@@ -231,20 +248,20 @@ define(5051, () => statusOfList('ul'), () => toggleList('ul'));
 
 // ---- Block formats
 
-const kFormats = new Map([
+const kBlockFormats = new Map([
     ['Normal', 'p'], ['Formatted', 'pre'], ['Address', 'address'], ['Heading 1', 'h1'],
     ['Heading 2', 'h2'], ['Heading 3', 'h3'], ['Heading 4', 'h4'], ['Heading 5', 'h5'],
     ['Heading 6', 'h6'], ['Numbered List', 'ol'], ['Bulleted List', 'ul'],
     ['Directory List', 'dir'], ['Menu List', 'menu'], ['Definition Term', 'dt'],
     ['Definition', 'dd'], ['Paragraph', 'p'],
 ]);
-const kFormatOfElement = new Map([...kFormats].reverse().map(([name, element]) => [element, name]));
+const kFormatOfBlock = new Map([...kBlockFormats].reverse().map(([name, element]) => [element, name]));
 
 function blockFormat() {
     const within = contextElement(currentRange().startContainer);
     const block = within.closest('li,dt,dd,pre,address,h1,h2,h3,h4,h5,h6,td,th,body');
     const element = block !== null && block.localName === 'li' ? listOf(block) : block;
-    return (element !== null && kFormatOfElement.get(element.localName)) || 'Normal';
+    return (element !== null && kFormatOfBlock.get(element.localName)) || 'Normal';
 }
 
 function leaveList() {
@@ -297,7 +314,7 @@ function makeDefinitions(name) {
 }
 
 function setBlockFormat(value) {
-    const name = kFormats.get(value);
+    const name = kBlockFormats.get(value);
     if (name === undefined) throw new Refusal(5, value);
     if (['ol', 'ul', 'dir', 'menu'].includes(name)) {
         leaveDefinitions();
@@ -314,7 +331,7 @@ function setBlockFormat(value) {
 }
 
 define(5011, canEditText, blockFormat, false);
-define(5012, () => kEnabled, () => [...kFormats.keys()], false);
+define(5012, () => kEnabled, () => [...kBlockFormats.keys()], false);
 define(5043, canEditText, setBlockFormat);
 
 // ---- Links and graphics
@@ -343,7 +360,7 @@ function makeLink(value) {
         const link = document.createElement('a');
         link.setAttribute('href', href);
         link.append(href);
-        insertAtSelection(link);
+        insertAtSelection(fragmentWith(link));
     } else {
         native('createLink', href);
     }
@@ -369,7 +386,7 @@ calls.link = () => {
 define(5017, canEdit, (value) => {
     const image = document.createElement('img');
     image.setAttribute('src', nameOf(value));
-    insertAtSelection(image);
+    insertAtSelection(fragmentWith(image));
 });
 
 // ---- The whole

@@ -6,7 +6,9 @@ const kTabWidth = '\u00A0\u00A0\u00A0\u00A0';
 function tabInTable(cell, isBack) {
     const cells = Array.from(cell.closest('table').querySelectorAll('td,th'));
     const next = cells[cells.indexOf(cell) + (isBack ? -1 : 1)];
-    if (next) {
+    if (!next && !isBack) {
+        runCommand(5021);
+    } else if (next) {
         const range = document.createRange();
         range.selectNodeContents(next);
         selectRange(range);
@@ -18,7 +20,7 @@ function tab(isBack) {
     const cell = contextElement(node).closest('td,th');
     if (cell !== null) return tabInTable(cell, isBack);
     if (listOf(node) !== null) return runCommand(isBack ? 5031 : 5018);
-    if (!isBack) runStep('command', () => insertAtSelection(document.createTextNode(kTabWidth)));
+    if (!isBack) runStep('command', () => insertAtSelection(fragmentWith(kTabWidth)));
 }
 
 const kKeys = {
@@ -40,6 +42,7 @@ function nameOfKey(event) {
 
 document.addEventListener('keydown', (event) => {
     if (!isEditing() || event.isComposing) return;
+    isPlainWanted = nameOfKey(event) === 'ctrl shift v';
     const work = kKeys[nameOfKey(event)];
     if (work === undefined) return;
     event.preventDefault();
@@ -61,6 +64,16 @@ document.addEventListener('click', (event) => {
 }, true);
 document.addEventListener('auxclick', (event) => {
     if (isEditing()) event.preventDefault();
+}, true);
+
+// An object goes as a whole.
+function deleteControl(event) {
+    if (control === null || !['Delete', 'Backspace'].includes(event.key)) return;
+    event.preventDefault();
+    runStep('command', deleteSelection);
+}
+document.addEventListener('keydown', (event) => {
+    if (isEditing()) deleteControl(event);
 }, true);
 
 document.addEventListener('dblclick', () => post('doubleclick'), true);

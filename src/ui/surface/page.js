@@ -70,5 +70,8 @@ function keep(object) {
 // What we draw over the page hangs on this element, null while there is nothing to draw.
 let overlayHost = null;
 
+// How the program wants the page: {browse, borders, details, grid}.
+let {view} = setup;
+
 // Brings the version to the program.
 calls.state = () => null;

@@ -12,6 +12,7 @@ const isAbsolute = (element) => getComputedStyle(element).position === 'absolute
 const isControl = (element) => kControls.has(upperName(element)) ||
     (element !== document.body && element.style && element.style.position === 'absolute');
 
+const contextElement = (node) => (node instanceof Element ? node : node.parentElement);
 const indexOf = (node) => Array.prototype.indexOf.call(node.parentNode.childNodes, node);
 
 // A copy of the selected range, held inside the body; null where there is none.

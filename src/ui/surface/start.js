@@ -9,24 +9,20 @@ calls.html = (known) => {
     return known === version ? null : documentHTML();
 };
 
-const sheets = {};
-function showSheet(name, css) {
-    if (!sheets[name]) sheets[name] = new CSSStyleSheet();
-    sheets[name].replaceSync(css);
-    document.adoptedStyleSheets = Object.values(sheets);
-}
-
-function applyView(view) {
+function applyView(wanted) {
+    view = wanted;
     document.designMode = view.browse ? 'off' : 'on';
-    document.execCommand('styleWithCSS', false, false);
-    document.execCommand('defaultParagraphSeparator', false, 'p');
+    if (view.browse) {
+        if (control !== null) getSelection().collapseToStart();
+        control = null;
+        showSheets([]);
+    } else {
+        showSheets(['objects', ...['borders', 'details'].filter((name) => view[name])]);
+    }
+    drawSoon();
 }
 calls.view = applyView;
 
 applyView(setup.view);
-if (document.body !== null && getSelection().rangeCount === 0) {
-    getSelection().collapse(...textMap().place(0));
-}
-lastSelection = savedSelection();
 observe();
 post('ready');

@@ -195,6 +195,7 @@ class TextMap {
         const end = previous.start + previous.length;
         if (!next || next.start === end) return end;
         // A boundary lies between them: the place is on the side of its block.
+        if (next.offset === kWhole && node.childNodes[offset] === next.node) return next.start;
         const block = blockOf(node);
         return block.contains(next.node) && !block.contains(previous.node) ? next.start : end;
     }

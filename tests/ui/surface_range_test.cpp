@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+
+#include "platform/failure.hpp"
+#include "platform/text.hpp"
+#include "ui/surface_fixture.hpp"
+
+namespace quorrel::test {
+namespace {
+
+using namespace surface_command;
+using Ranges = SurfaceFixture;
+
+constexpr std::int64_t kFar = 5000000;
+
+/// A page with what makes counting hard.
+const char* const kMixed =
+    "\n<h1>Title</h1>\n<p>one  two\n three<br>four </p>\n<!-- note --><p></p>\n<p><br></p>"
+    "<table><tr><td>a<td><td><b>b</b>c</table><ul>\n<li>x<li>y <ul><li>z</ul></ul>"
+    "<pre>p\n q</pre><p>i<img src=x>j<hr>k \xF0\x9F\x98\x80 l&nbsp;<script>var s;</script>m"
+    "<p style=\"display:none\">hidden</p> tail ";
+
+TEST_F(Ranges, GiveTheTextAsItIsShown) {
+    OpenBody(kMixed);
+    const auto all = surface.DOM().body()->createTextRange();
+    EXPECT_EQ(all->Text(),
+              "Title\none two three\nfour\n\n\n\na\n\nbc\nx\ny\nz\np\n q\ni j\n \nk "
+              "\xF0\x9F\x98\x80 l\u00a0m\nhidden\ntail");
+}
+
+TEST_F(Ranges, EachPlaceIsFoundAgainByItsCount) {
+    OpenBody(kMixed);
+    const auto range = surface.DOM().body()->createTextRange();
+    range->collapse(true);
+    std::int64_t count = 0;
+    for (; count < 1000 && range->Move("character", 1) == 1;) {
+        ++count;
+        range->Select();
+        const std::string here = BodyWithSelection();
+        const auto back = Range();
+        ASSERT_EQ(-back->Move("character", -kFar), count) << here;
+        ASSERT_EQ(back->Move("Character", count), count);
+        back->Select();
+        ASSERT_EQ(BodyWithSelection(), here) << count;
+    }
+    const auto all = surface.DOM().body()->createTextRange();
+    EXPECT_EQ(count, QString::fromStdString(all->Text()).toUcs4().size());
+    EXPECT_EQ(range->Move("character", 1), 0);
+    EXPECT_EQ(range->Move("character", -kFar), -count);
+    try {
+        range->Move("word", 1);
+        ADD_FAILURE();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), 5);
+    }
+}
+
+TEST_F(Ranges, TypedPlacesKeepTheirCount) {
+    OpenBody("<p>one</p><p>two</p>");
+    CaretAfter("one");
+    Key(Qt::Key_Return);
+    ASSERT_TRUE(BodyBecomes("<p>one</p><p><br></p><p>two</p>"));
+    EXPECT_EQ(Range()->Move("character", -kFar), -4);
+    Type("x");
+    ASSERT_TRUE(BodyBecomes("<p>one</p><p>x</p><p>two</p>"));
+    EXPECT_EQ(Range()->Move("character", -kFar), -5);
+}
+
+TEST_F(Ranges, EdgesMove) {
+    OpenBody("<p>one two</p>");
+    const auto range = surface.DOM().body()->createTextRange();
+    EXPECT_EQ(range->moveStart("character", 4), 4);
+    EXPECT_EQ(range->moveEnd("character", -1), -1);
+    EXPECT_EQ(range->Text(), "tw");
+    EXPECT_EQ(range->moveEnd("character", -5), -5);
+    EXPECT_EQ(range->Text(), "");
+    EXPECT_EQ(range->Move("character", 2), 2);
+    EXPECT_EQ(range->moveEnd("character", 99), 4);
+    EXPECT_EQ(range->Text(), " two");
+    range->Select();
+    EXPECT_EQ(BodyWithSelection(), "<p>one[ two]</p>");
+    EXPECT_EQ(surface.DOM().selection().Type(), SelectionType::kText);
+}
+
+TEST_F(Ranges, FindTexts) {
+    OpenBody("<p>Cat concat <b>ca</b>t. a.c abc</p><p>tail CAT</p>");
+    struct FindCase {
+        const char* text;
+        std::int64_t count;
+        int flags;
+        const char* hits;
+    };
+    for (const FindCase& each : std::vector<FindCase>{
+             {"cat", kFar, 0, "Cat cat cat CAT "},
+             {"cat", -kFar, 0, "CAT cat cat Cat "},
+             {"cat", kFar, 4, "cat cat "},
+             {"cat", kFar, 2, "Cat cat CAT "},
+             {"cat", kFar, 6, "cat "},
+             {"a.c", kFar, 0, "a.c "},
+             {"cat", 12, 0, "Cat cat cat "},
+             {"", kFar, 0, ""},
+             {"none", kFar, 0, ""},
+         }) {
+        const auto range = surface.DOM().body()->createTextRange();
+        range->collapse(each.count > 0);
+        std::string hits;
+        while (hits.size() < 99 && range->findText(each.text, each.count, each.flags)) {
+            hits += range->Text() + " ";
+            range->collapse(each.count < 0);
+        }
+        EXPECT_EQ(hits, each.hits) << each.text << each.count << each.flags;
+    }
+}
+
+TEST_F(Ranges, TakeAndGiveHtml) {
+    OpenBody("<p class=q>one <b>two</b> <img src=\"a&amp;b.gif\" alt='\"'></p><!OBJECT id=x>");
+    const auto body = surface.DOM().body();
+    EXPECT_EQ(body->innerHTML(),
+              "<P class=\"q\">one <B>two</B> <IMG src=\"a&amp;b.gif\" alt=\"&quot;\"></P>"
+              "<!OBJECT id=x>");
+    Select("ne two");
+    EXPECT_EQ(Range()->HTMLText(), "ne <B>two</B>");
+    EXPECT_EQ(Range()->parentElement()->parentElement()->outerHTML(), body->outerHTML());
+    const auto root = body->parentElement();
+    EXPECT_EQ(root->parentElement(), nullptr);
+    Range()->pasteHTML("X<i>Y</i>");
+    EXPECT_TRUE(Body().starts_with("<p class=\"q\">oX<i>Y</i> <img"));
+}
+
+TEST_F(Ranges, PastesGoWhereTheyFit) {
+    struct PasteCase {
+        const char* body;
+        const char* selected;
+        const char* html;
+        const char* after;
+    };
+    for (const PasteCase& each : std::vector<PasteCase>{
+             {"<p>one two</p>", "one", "1", "<p>1 two</p>"},
+             {"<p>one two</p>", "e", "<table><tr><td>t</table>",
+              "<p>on</p><table><tbody><tr><td>t</td></tr></tbody></table><p> two</p>"},
+             {"<p>one</p><p>two</p>", "e\nt", "X", "<p>onXwo</p>"},
+             {"<p>one</p><p>two</p>", "one", "<h2>H</h2>", "<h2>H</h2><p>two</p>"},
+             {"<p>a</p><p>b</p><p>c</p>", "a\nb\nc", "", "<p><br></p>"},
+             {"<ul><li>a</li><li>b</li></ul>", "a\nb", "x", "<ul><li>x</li></ul>"},
+             {"<p>one</p>", "one", "<A Name=x>", "<p><a name=\"x\"></a></p>"},
+         }) {
+        OpenBody(each.body);
+        Select(each.selected);
+        Range()->pasteHTML(each.html);
+        EXPECT_EQ(Body(), each.after) << each.body << " " << each.html;
+        Do(DECMD_UNDO);
+        EXPECT_EQ(Body(), each.body);
+        EXPECT_FALSE(surface.IsDirty());
+    }
+}
+
+TEST_F(Ranges, ALinkKeepsItsSelectionWhenItIsReplaced) {
+    OpenBody("<p>go <a href=\"a.htm\">there</a> now</p>");
+    CaretAfter("the");
+    const auto link = Range()->parentElement();
+    link->SetOuterHTML("<A href=\"b.htm\" target=_top>there</A>");
+    Do(DECMD_HYPERLINK, "c.htm");
+    EXPECT_EQ(Body(), "<p>go <a href=\"c.htm\" target=\"_top\">there</a> now</p>");
+}
+
+}  // namespace
+}  // namespace quorrel::test
