@@ -273,6 +273,7 @@ TEST_F(Commands, AKeyIsNotBarredByWhatTheMenuShowedBefore) {
     CloseMenu(main, edit);
     EXPECT_TRUE(IsEnabled("EditSub0"));
     EXPECT_FALSE(RunCommand(main, "EditSub0")) << "there is still nothing to undo";
+    EXPECT_TRUE(IsEnabled("EditSub0")) << "asking leaves no trace";
     surface.status = command_status::kEnabled;
     EXPECT_TRUE(RunCommand(main, "EditSub0"));
     EXPECT_EQ(TakeCalls(), Calls{"5049"});
