@@ -1,11 +1,13 @@
 #include "app/startup.hpp"
 
+#include "app/commands.hpp"
 #include "app/form_settings.hpp"
 #include "app/form_splash.hpp"
 #include "app/form_startup.hpp"
 #include "app/main_form.hpp"
 #include "app/recent_projects.hpp"
 #include "app/settings_file.hpp"
+#include "app/tool_bar.hpp"
 #include "app/views.hpp"
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
@@ -65,6 +67,7 @@ void AdaptToEdition(MainForm& main) {
         main.window.Named(control.name).Visible =
             javahelp ? control.in_javahelp : control.in_html_help;
     }
+    main.window.ComboIcon.Visible = javahelp;
     for (const EditionCaption& control : kEditionCaptions) {
         main.window.Named(control.name).Caption =
             std::string(javahelp ? control.in_javahelp : control.in_html_help);
@@ -147,6 +150,7 @@ void LoadSettings(MainForm& main, std::string_view command_line) {
     settings.use_ext_editor = GetIni(main, "Settings", "useexted", "0") == "1";
     settings.ext_editor = GetIni(main, "Settings", "exted", "");
     settings.is_javahelp_edition = !SelectsHtmlHelpEdition(command_line);
+    PrepareCommands(main);
     AdaptToEdition(main);
     UpdateCaption(main);
     ResetProject(main);
@@ -170,6 +174,8 @@ void LoadSettings(MainForm& main, std::string_view command_line) {
     main.window.TabStrip2.SelectedIndex = right_tab::kNormal;
     ConnectEvents(main);
     main.window.TabStrip1.SelectedIndex = left_tab::kContents;
+    ShowFirstTabs(main);
+    UpdateToolbars(main);
 }
 
 void Form_Load(MainForm& main, std::string_view command_line) {

@@ -2,42 +2,30 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
 
+#include "app/pane_layout.hpp"
 #include "app/settings_state.hpp"
+#include "app/window_tabs.hpp"
 #include "platform/controls/combo_box.hpp"
 #include "platform/controls/control.hpp"
 #include "platform/controls/strips.hpp"
 
 namespace quorrel {
 
-/// Tabs of TabStrip1.
-namespace left_tab {
-inline constexpr int kContents = 1;
-inline constexpr int kTopics = 2;
-inline constexpr int kIndex = 3;
-}  // namespace left_tab
-
-/// Tabs of TabStrip2.
-namespace right_tab {
-inline constexpr int kNormal = 1;
-inline constexpr int kProperties = 2;
-inline constexpr int kSource = 3;
-inline constexpr int kPreview = 4;
-inline constexpr int kOrganizeTOC = 5;
-inline constexpr int kReport = 6;
-inline constexpr int kDocumentWizard = 7;
-}  // namespace right_tab
-
 struct WindowControls {
     Control window;  // Caption, Visible
+    PaneLayout panes;
+    Signal<> panes_changed;
     TabStrip TabStrip1{{"Contents", "Topics", "Index"}};
     TabStrip TabStrip2{{"Normal", "Topic Properties", "HTML Source", "Preview/Test", "Organize TOC",
                         "Topic Report", "Document Wizard"}};
     StatusBar StatusBar1;
     ComboBox FontCombo, FontSizeCombo, ComboStyle;
+    ComboBox ComboIcon;  // "Default" and the pictures that a contents entry can have
     ComboBox ComboStatus;
     TextBox TextNotes;
     TextBox EditTitle, EditAlias, EditInteger;
@@ -49,6 +37,10 @@ struct WindowControls {
 
     std::array<MenuEntry, RecentProjects::kInMenu> recent;
     MenuEntry fileexitsep;
+
+    // What only the program that shows the window can do; unset where nobody shows it.
+    std::function<void()> close;       // as the user closes the window
+    std::function<void()> show_about;  // what the program is
 
     /// The further menu entries, tool buttons and fields, by their names; one that is mentioned
     /// for the first time is made.

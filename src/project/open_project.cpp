@@ -1,6 +1,7 @@
 #include "project/open_project.hpp"
 
 #include "app/main_form.hpp"
+#include "app/tool_bar.hpp"
 #include "contents/open_contents_item.hpp"
 #include "formats/htmlhelp/hhc.hpp"
 #include "formats/htmlhelp/hhk.hpp"
@@ -62,6 +63,13 @@ void ClearModel(MainForm& main) {
     main.project.java_map_file.clear();
     main.project.project_title.clear();
     main.project.project_def_topic.clear();
+}
+
+/// What is made of a project of its kind: a compiled file or an archive.
+void ShowBuildButtons(MainForm& main) {
+    const bool javahelp = main.project.help_mode == 1 || main.settings.is_javahelp_edition;
+    main.window.Named("Compile").Visible = !javahelp;
+    main.window.Named("jar").Visible = javahelp;
 }
 
 void DeriveFileNames(MainForm& main) {
@@ -192,6 +200,8 @@ void OpenProject_Click(MainForm& main) {
     ReadProjectSettings(main);
     ClearModel(main);
     main.project.help_mode = IsJavaHelpProject(main.project.proj) ? 1 : 0;
+    ShowBuildButtons(main);
+    UpdateToolbars(main);
     DeriveFileNames(main);
     main.screen.SetPointer(Pointer::kHourglass);
     if (main.project.help_mode == 1) {

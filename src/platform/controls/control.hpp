@@ -46,6 +46,7 @@ struct Control {
 
 struct TextBox : Control {
     Property<std::string> Text{changed};
+    Property<bool> Locked{changed};  // shows its text and takes none
 };
 
 struct CheckBox : Control {
