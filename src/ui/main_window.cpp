@@ -7,14 +7,14 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QStyle>
 #include <QTabWidget>
-#include <QToolBar>
 
 #include "app/main_form.hpp"
 #include "app/startup.hpp"
 #include "project/open_topic.hpp"
+#include "ui/about_box.hpp"
 #include "ui/appearance.hpp"
+#include "ui/command_bars.hpp"
 #include "ui/contents_pane.hpp"
 #include "ui/elided_label.hpp"
 #include "ui/index_pane.hpp"
@@ -57,8 +57,9 @@ MainWindow::MainWindow(MainForm& main, WebSurface& surface, QWidget* source, QWi
     main_.window.window.Visible = false;
     PrepareForWebView(this);
     ChooseIconTheme(palette());
-    menu_ = MakeMainMenu(main_, this);
-    MakeToolBar();
+    main_.window.close = [this] { close(); };
+    main_.window.show_about = [this] { ShowAbout(main_, this); };
+    bars_ = new CommandBars(main_, this);
     MakeLeftSide();
     splitter_->setObjectName("splitter");
     splitter_->addWidget(new TopicArea(main_, {surface_.Widget(), source, preview}));
@@ -76,23 +77,6 @@ MainWindow::MainWindow(MainForm& main, WebSurface& surface, QWidget* source, QWi
     Listen(main_.window.StatusBar1.changed, this, [this] { FollowStatus(); });
     FollowTabs();
     FollowStatus();
-}
-
-void MainWindow::MakeToolBar() {
-    QToolBar* bar = addToolBar("Main Tool Bar");
-    bar->setObjectName("Toolbar1");
-    bar->setMovable(false);
-    bar->toggleViewAction()->setVisible(false);
-    bar->addAction(menu_.OpenProject);
-    bar->addAction(menu_.FileSave);
-    ShowIcons();
-}
-
-void MainWindow::ShowIcons() {
-    menu_.OpenProject->setIcon(QIcon::fromTheme(
-        "document-open", QApplication::style()->standardIcon(QStyle::SP_DialogOpenButton)));
-    menu_.FileSave->setIcon(QIcon::fromTheme(
-        "document-save", QApplication::style()->standardIcon(QStyle::SP_DialogSaveButton)));
 }
 
 void MainWindow::MakeLeftSide() {
@@ -184,9 +168,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() != QEvent::PaletteChange || menu_.OpenProject == nullptr) return;
+    if (event->type() != QEvent::PaletteChange || bars_ == nullptr) return;
     ChooseIconTheme(palette());
-    ShowIcons();
+    bars_->ShowIcons();
 }
 
 }  // namespace quorrel

@@ -3,7 +3,6 @@
 
 #include <QMainWindow>
 
-#include "ui/main_menu.hpp"
 #include "ui/window_settings.hpp"
 
 class QSplitter;
@@ -11,6 +10,7 @@ class QTabWidget;
 
 namespace quorrel {
 
+class CommandBars;
 class ContentsPane;
 class ElidedLabel;
 class IndexPane;
@@ -33,21 +33,19 @@ class MainWindow : public QMainWindow {
     void changeEvent(QEvent* event) override;
 
   private:
-    void MakeToolBar();
     void MakeLeftSide();
     void MakeStatusBar();
     void FollowWindow();
     void FollowTabs();
     void FollowStatus();
     void ShowFirstTime();
-    void ShowIcons();
     void Remember();
     void OpenLink(const std::string& path, const QString& bookmark);
 
     MainForm& main_;
     WebSurface& surface_;
     WindowSettings settings_;
-    MainMenu menu_;
+    CommandBars* bars_ = nullptr;
     QSplitter* splitter_;
     QTabWidget* tabs_;
     ContentsPane* contents_;
