@@ -5,13 +5,16 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace quorrel::test {
 
@@ -35,13 +38,13 @@ class ModalScript {
         if (front == nullptr || !front->isVisible()) return;
         const std::string name = front->objectName().toStdString();
         if (steps_.empty() || steps_.front().first != name) {
-            // The same dialog stays in front while its work goes on.
-            if (front == last_) return;
+            // A dialog stays in front while its work goes on, and comes back there behind another.
+            if (std::find(known_.begin(), known_.end(), front) != known_.end()) return;
             ADD_FAILURE() << "unexpected dialog: " << name;
             if (auto* dialog = qobject_cast<QDialog*>(front)) dialog->reject();
             return;
         }
-        last_ = front;
+        known_.emplace_back(front);
         // Not from here: a timer is silent as long as its own slot runs, and the work may bring
         // up the next dialog.
         QTimer::singleShot(0, front,
@@ -50,7 +53,7 @@ class ModalScript {
     }
 
     QTimer poll_;
-    QWidget* last_ = nullptr;
+    std::vector<QPointer<QWidget>> known_;
     std::deque<std::pair<std::string, std::function<void(QWidget&)>>> steps_;
 };
 
