@@ -25,9 +25,11 @@ TopicPage::TopicPage(QWebEngineProfile* profile, QObject* parent)
           Settings::HyperlinkAuditingEnabled, Settings::DnsPrefetchEnabled,
           Settings::FullScreenSupportEnabled, Settings::ScreenCaptureEnabled,
           Settings::WebGLEnabled, Settings::AutoLoadIconsForPage, Settings::ErrorPageEnabled,
-          Settings::FocusOnNavigationEnabled, Settings::NavigateOnDropEnabled}) {
+          Settings::NavigateOnDropEnabled}) {
         settings()->setAttribute(attribute, false);
     }
+    // Without this the engine takes no keys before the first click into the page.
+    settings()->setAttribute(Settings::FocusOnNavigationEnabled, true);
     settings()->setUnknownUrlSchemePolicy(Settings::DisallowUnknownUrlSchemes);
     connect(this, &QWebEnginePage::newWindowRequested, this,
             [this](QWebEngineNewWindowRequest& request) {

@@ -32,7 +32,6 @@ class EditRoad : public WindowFixture {
         run->surface.SetFocus();
         QWidget* input = run->surface.View()->focusProxy();
         ASSERT_TRUE(QTest::qWaitFor([&] { return input->hasFocus(); }, 5000));
-        QTest::mouseClick(input, Qt::LeftButton, {}, QPoint(30, 15));
         QTest::keyClick(input, Qt::Key_Home, Qt::ControlModifier);
         QTest::keyClicks(input, text);
         ASSERT_TRUE(TopicShows(text));
