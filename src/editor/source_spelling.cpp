@@ -149,6 +149,8 @@ std::string PatchedTag(std::string_view source, std::string_view engine) {
 }
 
 std::string PatchedWord(std::string_view source, std::string_view engine) {
+    constexpr std::size_t kLongest = 10'000;
+    if (std::max(source.size(), engine.size()) > kLongest) return std::string(engine);
     const std::vector<Unit> old = UnitsOf(source);
     const std::vector<Unit> now = UnitsOf(engine);
     const std::size_t shorter = std::min(old.size(), now.size());
