@@ -72,6 +72,7 @@ void EditPlan::FindOrigins(const std::vector<DocumentToken>& read) {
     std::size_t in_ours = 0;
     std::size_t in_theirs = 0;
     std::vector<DiffHunk> hunks = DiffOfTokens(read, base_.tokens, kLooseKey);
+    is_exact_ = hunks.empty();
     hunks.push_back({read.size(), read.size(), base_.tokens.size(), base_.tokens.size()});
     for (const DiffHunk& hunk : hunks) {
         while (in_ours < hunk.a_begin) TakeOrigin(in_theirs++, read[in_ours++]);
@@ -262,13 +263,14 @@ bool EditPlan::ReplacesBlock(const DiffHunk& hunk) const {
 
 std::vector<bool> EditPlan::ExplicitTokens() const {
     std::vector<bool> is_explicit(base_.tokens.size(), is_all_explicit_);
+    std::size_t done = 0;  // the reaches may overlap, the hunks ascend
     for (std::size_t at = 0; at < hunks_.size() && !is_all_explicit_; ++at) {
         const auto [left, right] = reaches_[at];
         if (left == 0 && right == 0) continue;
         const std::size_t begin = hunks_[at].a_begin - std::min(left, hunks_[at].a_begin);
         const std::size_t end = std::min(hunks_[at].a_end + right, is_explicit.size());
-        std::fill(is_explicit.begin() + static_cast<std::ptrdiff_t>(begin),
-                  is_explicit.begin() + static_cast<std::ptrdiff_t>(end), true);
+        for (std::size_t base = std::max(begin, done); base < end; ++base) is_explicit[base] = true;
+        done = std::max(done, end);
     }
     return is_explicit;
 }
@@ -355,6 +357,7 @@ bool EditPlan::IsBesideText(std::size_t base) const {
 }
 
 bool EditPlan::ChangesTextOnly() const {
+    if (!is_exact_) return false;
     const auto is_in_place = [&](std::size_t base) {
         return base < origins_.size() && IsText(base_.tokens[base]) && origins_[base].first >= 0;
     };

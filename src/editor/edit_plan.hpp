@@ -78,6 +78,7 @@ class EditPlan {
     std::vector<Pair> pairs_;     // tokens in hunks that are changed, not replaced
     std::vector<Reach> reaches_;  // for each hunk
     std::vector<bool> deleted_;
+    bool is_exact_ = false;  // we read the source as the engine does
     bool is_all_explicit_ = false;
 };
 

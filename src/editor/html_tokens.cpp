@@ -78,10 +78,9 @@ class Tokenizer {
     /// One blank or word that ends by `limit`.
     void ScanText(std::size_t limit, bool stop_at_markup) {
         const std::size_t begin = at_;
-        if (IsHtmlBlank(text_[at_])) {
-            while (at_ < limit && IsHtmlBlank(text_[at_])) ++at_;
-            return Add(TokenKind::kBlank, begin,
-                       HashNormalised(HashOfKind(TokenKind::kBlank), From(begin)));
+        for (std::size_t size = 0; at_ < limit && (size = BlankSize(at_)) > 0;) at_ += size;
+        if (at_ > begin) {
+            return Add(TokenKind::kBlank, begin, HashOfText(From(begin), TokenKind::kBlank));
         }
         std::uint64_t hash = HashOfKind(TokenKind::kWord);
         bool is_plain = true;
@@ -89,8 +88,17 @@ class Tokenizer {
             const char c = text_[at_++];
             hash = HashByte(hash, c);
             if (c == '&' || c == '\0') is_plain = false;
-        } while (at_ < limit && !IsHtmlBlank(text_[at_]) && !(stop_at_markup && IsMarkup(at_)));
+        } while (at_ < limit && BlankSize(at_) == 0 && !(stop_at_markup && IsMarkup(at_)));
         Add(TokenKind::kWord, begin, is_plain ? hash : HashOfText(From(begin), TokenKind::kWord));
+    }
+
+    /// The length of a white space at the offset, which may be a reference such as "&#13;".
+    std::size_t BlankSize(std::size_t at) const {
+        if (IsHtmlBlank(text_[at])) return 1;
+        if (text_[at] != '&' || at + 1 >= text_.size() || text_[at + 1] != '#') return 0;
+        std::string meaning;
+        const std::size_t size = DecodeReference(text_, at, ReferencePlace::kText, meaning);
+        return meaning.size() == 1 && IsHtmlBlank(meaning[0]) ? size : 0;
     }
 
     void ScanMarkup() {
@@ -274,6 +282,8 @@ std::uint64_t HashOfEndTag(TagName name) {
 
 std::uint64_t HashOfText(std::string_view text, TokenKind kind) {
     const std::uint64_t hash = HashOfKind(kind);
+    const bool is_blank = kind == TokenKind::kBlank;
+    if (is_blank && text.find('&') != npos) return HashNormalised(hash, WithoutReferences(text));
     if (kind != TokenKind::kWord) return HashNormalised(hash, text);
     const bool is_plain = text.find('&') == npos && text.find('\0') == npos;
     return HashBytes(hash, is_plain ? text : std::string_view(WithoutReferences(text)));

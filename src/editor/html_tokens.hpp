@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,6 +19,13 @@ constexpr TagName Tag(std::string_view lower) {
     TagName name = 2166136261U;
     for (const char c : lower) name = (name ^ static_cast<unsigned char>(c)) * 16777619U;
     return name;
+}
+
+constexpr bool IsOneOf(TagName name, std::initializer_list<TagName> names) {
+    for (const TagName other : names) {
+        if (name == other) return true;
+    }
+    return false;
 }
 
 constexpr bool IsHtmlBlank(char c) {
@@ -86,6 +94,8 @@ struct Doctype {
 [[nodiscard]] bool IsRawElement(TagName name);
 /// An element in which white space counts.
 [[nodiscard]] bool KeepsBlanks(TagName name);
+/// A start tag behind which a browser passes over a line feed.
+[[nodiscard]] bool PassesOverLineFeed(const HtmlToken& tag);
 /// A tag beside which white space does not count.
 [[nodiscard]] bool IsBlockTag(TagName name);
 /// A tag that only dresses the text in it.

@@ -128,9 +128,11 @@ class HtmlTreeBuilder {
     bool StartInlineInBody();
     void EndInBody();
     bool EndBlockInBody();
+    void CloseElement(TagName name, TagName except);
+    void EndHeading();
+    void EndForm();
     void EndOther();
-    void StartListItem();
-    void StartDescription();
+    void StartItem(std::initializer_list<TagName> ended);
     void StartAnchor();
     void StartSelect();
     void Ruby();

@@ -50,8 +50,16 @@ class Preserver {
         return std::nullopt;
     }
 
+    /// With the line feed doubled that a browser passes over.
     [[nodiscard]] std::string WholeEngineText() const {
-        return WithLineEnds(edited_.text, style_.line_end);
+        std::string text;
+        for (std::size_t at = 0; at < edited_.tokens.size(); ++at) {
+            const bool is_passed_over = at > 0 && edited_.Of(at).starts_with('\n') &&
+                                        PassesOverLineFeed(edited_.tokens[at - 1]);
+            if (is_passed_over) text += style_.line_end;
+            text += WithLineEnds(edited_.Of(at), style_.line_end);
+        }
+        return text;
     }
 
   private:
@@ -60,28 +68,27 @@ class Preserver {
         if (plan.IsWholeDocumentExplicit()) return result;
         std::size_t checks = std::clamp<std::size_t>(kNarrowingWork / (result.size() + 1), 4, 100);
         for (std::size_t hunk = 0; hunk < plan.Hunks().size(); ++hunk) {
-            for (std::size_t EditPlan::Reach::*side :
-                 {&EditPlan::Reach::left, &EditPlan::Reach::right}) {
-                std::size_t& reach = plan.ReachOf(hunk).*side;
-                std::size_t good = reach;
-                std::size_t next = 0;
-                for (std::size_t bad = 0; reach > 0 && checks > 0; --checks) {
-                    reach = next;
-                    std::string narrower = Composed(plan);
-                    if (Mismatches(narrower, plan).empty()) {
-                        result = std::move(narrower);
-                        good = next;
-                    } else {
-                        bad = next;
-                    }
-                    next = bad + (good - bad) / 2;
-                    if (next == bad) break;
-                    reach = good;
-                }
-                reach = good;
-            }
+            NarrowSide(plan, plan.ReachOf(hunk).left, checks, result);
+            NarrowSide(plan, plan.ReachOf(hunk).right, checks, result);
         }
         return result;
+    }
+
+    /// Looks for the smallest reach that will do, 0 first and then half by half.
+    void NarrowSide(EditPlan& plan, std::size_t& reach, std::size_t& checks, std::string& result) {
+        std::size_t good = reach;
+        std::size_t bad = 0;
+        for (std::size_t next = 0; good > 0 && checks > 0; next = bad + (good - bad) / 2) {
+            if (next == bad && next > 0) break;
+            --checks;
+            reach = next;
+            std::string narrower = Composed(plan);
+            const bool is_good = Mismatches(narrower, plan).empty();
+            (is_good ? good : bad) = next;
+            if (is_good) result = std::move(narrower);
+            if (good == bad + 1) break;
+        }
+        reach = good;
     }
 
     std::string Composed(const EditPlan& plan) const {

@@ -26,19 +26,8 @@ bool HasOwnLine(TagName name) {
 
 /// One whose end tag stands on a line of its own behind such elements.
 bool HasOwnEndLine(TagName name) {
-    switch (name) {
-        case Tag("blockquote"):
-        case Tag("dl"):
-        case Tag("ol"):
-        case Tag("table"):
-        case Tag("tbody"):
-        case Tag("tfoot"):
-        case Tag("thead"):
-        case Tag("ul"):
-            return true;
-        default:
-            return false;
-    }
+    return IsOneOf(name, {Tag("blockquote"), Tag("dl"), Tag("ol"), Tag("table"), Tag("tbody"),
+                          Tag("tfoot"), Tag("thead"), Tag("ul")});
 }
 
 }  // namespace
@@ -213,10 +202,7 @@ void SourceComposer::WriteNew(std::size_t token, bool has_layout) {
 /// A browser passes over the first line feed in these elements.
 bool SourceComposer::IsLineFeedToDouble(std::size_t token) const {
     if (token == 0 || !edited_.Of(token).starts_with('\n')) return false;
-    const HtmlToken& before = edited_.tokens[token - 1];
-    const bool skips = before.name == Tag("pre") || before.name == Tag("listing") ||
-                       before.name == Tag("textarea");
-    if (before.kind != TokenKind::kStart || !skips) return false;
+    if (!PassesOverLineFeed(edited_.tokens[token - 1])) return false;
     const bool is_there = at_ < next_kept_ && source_.tokens[at_].kind == TokenKind::kBlank;
     return !is_there;
 }

@@ -112,7 +112,9 @@ SourceStyle StyleOf(std::string_view source, const std::vector<HtmlToken>& token
 }
 
 std::string WithLineEnds(std::string_view text, std::string_view line_end) {
-    return line_end == "\n" ? std::string(text) : ReplaceAll(text, "\n", line_end);
+    if (text.find_first_of("\r\n") == npos) return std::string(text);
+    const std::string escaped = ReplaceAll(text, "\r", "&#13;");
+    return line_end == "\n" ? escaped : ReplaceAll(escaped, "\n", line_end);
 }
 
 std::string NewTag(std::string_view engine, const SourceStyle& style) {
@@ -149,6 +151,8 @@ std::string PatchedTag(std::string_view source, std::string_view engine) {
 }
 
 std::string PatchedWord(std::string_view source, std::string_view engine) {
+    constexpr std::size_t kLongest = 10'000;
+    if (std::max(source.size(), engine.size()) > kLongest) return std::string(engine);
     const std::vector<Unit> old = UnitsOf(source);
     const std::vector<Unit> now = UnitsOf(engine);
     const std::size_t shorter = std::min(old.size(), now.size());

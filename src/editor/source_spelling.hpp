@@ -18,7 +18,8 @@ struct SourceStyle {
 };
 [[nodiscard]] SourceStyle StyleOf(std::string_view source, const std::vector<HtmlToken>& tokens);
 
-/// `text` with the line end in place of each LF.
+/// A text of the engine with the line end in place of each LF. A CR is none there, but stands for
+/// a reference.
 [[nodiscard]] std::string WithLineEnds(std::string_view text, std::string_view line_end);
 
 /// A tag of the engine as the source would write it.

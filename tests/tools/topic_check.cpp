@@ -206,6 +206,8 @@ TopicOutcome CheckTopic(EnginePage& page, const std::filesystem::path& file,
         const bool is_frameset = error.Number() == surface_error::kFrameset;
         return Skipped(is_frameset ? "frameset" : error.what());
     }
+    const std::size_t refresh = FindIgnoringAsciiCase(outcome.original, "HTTP-EQUIV=\"REFRESH\"");
+    if (refresh != npos) return Skipped("it goes to another page");
     if (!page.Load(outcome.original, path)) return Skipped("the engine does not load it");
     outcome.base = page.Serialised();
     const QString script = "(() => { const PLACE = " + QString::number(place) + ";" + kFindWord +
