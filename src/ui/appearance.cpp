@@ -1,6 +1,7 @@
 #include "ui/appearance.hpp"
 
 #include <QIcon>
+#include <QStandardPaths>
 
 // The macro does not work inside a namespace.
 static void LoadResourceFile() {
@@ -15,6 +16,13 @@ constexpr const char* kDarkTheme = "breeze-dark";
 
 void LoadPictures() {
     LoadResourceFile();
+    // Not every platform knows where the themes of the desktop are.
+    QStringList folders = QIcon::themeSearchPaths();
+    for (const QString& folder : QStandardPaths::locateAll(
+             QStandardPaths::GenericDataLocation, "icons", QStandardPaths::LocateDirectory)) {
+        if (!folders.contains(folder)) folders << folder;
+    }
+    QIcon::setThemeSearchPaths(folders);
 }
 
 bool IsDark(const QPalette& palette) {

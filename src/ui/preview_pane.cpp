@@ -25,7 +25,7 @@ constexpr int kStepsBack = 1000;
 
 std::string PageWith(const QString& text) {
     return FromQt(
-        "\uFEFF<!DOCTYPE html><html><head><title>Quorrel</title><style>"
+        "<!DOCTYPE html><html><head><title>Quorrel</title><style>"
         ":root{color-scheme:light dark}body{font:1em sans-serif;margin:2em;"
         "overflow-wrap:anywhere}</style></head><body><p>" +
         text + "</p></body></html>");

@@ -10,9 +10,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/form_error_log.hpp"
 #include "app/form_settings.hpp"
 #include "app/form_splash.hpp"
 #include "app/form_startup.hpp"
+#include "ui/error_log_dialog.hpp"
 #include "ui/file_filter.hpp"
 #include "ui/qt_text.hpp"
 #include "ui/settings_dialog.hpp"
@@ -110,6 +112,8 @@ void QtScreen::ShowModal(Form& form) {
             StartupDialog(static_cast<FormStartup&>(form), parent).exec();
         } else if (form.Name() == "FormSettings") {
             SettingsDialog(static_cast<FormSettings&>(form), parent).exec();
+        } else if (form.Name() == "FormErrorLog") {
+            ErrorLogDialog(static_cast<FormErrorLog&>(form), parent).exec();
         } else {
             qFatal("no view for %s", std::string(form.Name()).c_str());
         }

@@ -76,8 +76,7 @@ QUrl BlankUrl() {
 }
 
 QByteArray HtmlForEngine(const std::string& text) {
-    const std::string mark = "\xEF\xBB\xBF";
-    return QByteArray::fromStdString(text.starts_with(mark) ? text : mark + text);
+    return "\xEF\xBB\xBF" + QByteArray::fromStdString(text);
 }
 
 TopicSchemeHandler::TopicSchemeHandler(FileSystem& files, std::function<int()> code_page,

@@ -59,9 +59,7 @@ EnginePage::EnginePage() : profile_(std::make_unique<QWebEngineProfile>()) {
 EnginePage::~EnginePage() = default;
 
 bool EnginePage::Load(std::string_view text, const std::string& path) {
-    // The mark keeps a charset that the text declares from being looked at.
-    text_ = "\xEF\xBB\xBF";
-    text_ += text;
+    text_ = text;
     is_loaded_ = false;
     page_->Show(UrlOfTopic(path, ++load_));
     return WaitUntil([this] { return is_loaded_; });

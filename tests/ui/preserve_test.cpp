@@ -35,7 +35,7 @@ TEST(PreserveInTheEngine, TheCasesAreWhatTheEngineMakes) {
         EXPECT_EQ(page.Serialised(), it.base) << it.name;
         ASSERT_TRUE(page.Load(it.edited, "Z:\\a.htm"));
         const std::string wanted = page.Contents();
-        ASSERT_TRUE(page.Load(it.expected, "Z:\\a.htm"));
+        ASSERT_TRUE(page.Load(it.expected.substr(has_mark ? 3 : 0), "Z:\\a.htm"));
         EXPECT_EQ(page.Contents(), wanted) << it.name;
     }
 }

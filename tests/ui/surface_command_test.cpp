@@ -65,7 +65,7 @@ TEST_F(Applied, ToCharacters) {
         {"<p>a bc d</p>", "bc", DECMD_SETBACKCOLOR, "#FF0080",
          "<p>a <span style=\"background-color: rgb(255, 0, 128);\">bc</span> d</p>"},
         {"<p>a <b><i>bc</i></b> d</p>", "bc", DECMD_REMOVEFORMAT, {}, "<p>a bc d</p>"},
-        {"<p>a bc d</p>", "bc", DECMD_DELETE, {}, "<p>a  d</p>"},
+        {"<p>a bc d</p>", "bc", DECMD_DELETE, {}, "<p>a d</p>"},
     });
 }
 

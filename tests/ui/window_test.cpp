@@ -69,8 +69,7 @@ TEST_F(Window, ItsPlaceIsRemembered) {
 }
 
 TEST_F(Window, SettingsWithoutAPathAreRefusedAndTheDialogStays) {
-    WriteProject();
-    Start([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    StartAndOpen();
     dialogs.Expect("FormSettings", [&](QWidget& dialog) {
         dialog.findChild<QCheckBox*>("CheckExtEditor")->click();
         dialogs.Expect("Message", [&](QWidget& message) {
