@@ -1,7 +1,7 @@
 #include "editor/edit_plan.hpp"
 
 #include <algorithm>
-#include <numeric>
+#include <utility>
 
 #include "editor/document_tokens.hpp"
 
@@ -100,6 +100,12 @@ void EditPlan::TakeOrigin(std::size_t base, const DocumentToken& read) {
 /// The engine moves some tokens, as text out of a table. Those stay where they are, as if the
 /// engine had left them out and added others.
 void EditPlan::KeepAscendingOrigins() {
+    std::int32_t last = -1;
+    const bool is_in_order = std::all_of(origins_.begin(), origins_.end(), [&](const Origin& it) {
+        if (it.first < 0) return true;
+        return it.first > std::exchange(last, it.last);
+    });
+    if (is_in_order) return;
     std::vector<std::size_t> firsts;
     std::vector<std::size_t> tokens;
     for (std::size_t at = 0; at < origins_.size(); ++at) {
@@ -107,12 +113,9 @@ void EditPlan::KeepAscendingOrigins() {
         firsts.push_back(static_cast<std::size_t>(origins_[at].first));
         tokens.push_back(at);
     }
-    std::vector<std::size_t> chain(firsts.size());
-    std::iota(chain.begin(), chain.end(), std::size_t{0});
-    if (!std::is_sorted(firsts.begin(), firsts.end())) chain = LongestAscending(firsts);
     std::vector<bool> is_kept(origins_.size(), false);
     std::int32_t end = -1;
-    for (const std::size_t place : chain) {
+    for (const std::size_t place : LongestAscending(firsts)) {
         const Origin& origin = origins_[tokens[place]];
         // A word that was joined over an end tag may enclose it.
         if (origin.first <= end) continue;

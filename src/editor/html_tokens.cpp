@@ -78,12 +78,16 @@ class Tokenizer {
     /// One blank or word that ends by `limit`.
     void ScanText(std::size_t limit, bool stop_at_markup) {
         const std::size_t begin = at_;
-        for (std::size_t size = 0; at_ < limit && (size = BlankSize(at_)) > 0;) at_ += size;
+        bool is_plain = true;
+        for (std::size_t size = 0; at_ < limit && (size = BlankSize(at_)) > 0; at_ += size) {
+            if (size > 1) is_plain = false;
+        }
         if (at_ > begin) {
-            return Add(TokenKind::kBlank, begin, HashOfText(From(begin), TokenKind::kBlank));
+            return Add(TokenKind::kBlank, begin,
+                       is_plain ? HashNormalised(HashOfKind(TokenKind::kBlank), From(begin))
+                                : HashOfText(From(begin), TokenKind::kBlank));
         }
         std::uint64_t hash = HashOfKind(TokenKind::kWord);
-        bool is_plain = true;
         do {
             const char c = text_[at_++];
             hash = HashByte(hash, c);

@@ -45,7 +45,7 @@ std::string SourceComposer::Compose(const std::vector<EditStep>& steps) {
     for (std::size_t at = 0; at < steps.size(); ++at) {
         const EditStep& step = steps[order[at]];
         const HtmlToken& token = edited_.tokens[order[at]];
-        const bool keeps_blanks = KeepsBlanks(token.name);
+        const bool keeps_blanks = token.name != 0 && KeepsBlanks(token.name);
         if (keeps_blanks && token.kind == TokenKind::kEnd) --keeps_blanks_;
         next_kept_ = next_kept[at + 1];
         if (IsNew(step)) {
