@@ -15,7 +15,13 @@
 #include <string>
 #include <vector>
 
+#include "app/main_form.hpp"
+#include "app/startup.hpp"
+#include "editor/load_file.hpp"
 #include "platform/native_file_system.hpp"
+#include "platform/silent_services.hpp"
+#include "ui/qt_screen.hpp"
+#include "ui/source_view.hpp"
 #include "ui/topic_scheme.hpp"
 #include "ui/web_surface.hpp"
 
@@ -81,6 +87,34 @@ double Surface(const QString& path) {
     });
 }
 
+/// The same in the program, from the click on: the topic before is put away, the new one found in
+/// a table of topics, loaded and shown.
+double Program(const QTemporaryDir& folder, const QString& path) {
+    NativeFileSystem files;
+    WebSurface surface(files);
+    surface.Widget()->resize(800, 600);
+    surface.Widget()->show();
+    QtScreen screen(files);
+    SourceView source;
+    SilentBrowser browser;
+    SilentShell shell;
+    MainForm main({files, screen, surface, source, browser, shell},
+                  files.WindowsPath(folder.filePath("settings").toStdString()));
+    LoadSettings(main, "html");
+    main.project.proj = files.WindowsPath(folder.filePath("bench.hhp").toStdString());
+    std::vector<std::string> topics;
+    for (int i = 0; i < 2; ++i) {
+        const QString copy = path + QString::number(i) + ".htm";
+        QFile::copy(path, copy);
+        topics.push_back(files.WindowsPath(copy.toStdString()));
+        main.topics.ListTopics.Add("Topic").SetSubItem(topic_cell::kFullPath, topics.back());
+    }
+    return Median([&](int i) {
+        main.editor.new_main_path = topics[static_cast<std::size_t>(i % 2)];
+        LoadFile(main);
+    });
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -98,8 +132,9 @@ int main(int argc, char** argv) {
         file.close();
         const double bare = Bare(path);
         const double surface = Surface(path);
-        std::printf("%zu KB: bare engine %.1f ms, surface %.1f ms, ratio %.2f\n", size / 1000, bare,
-                    surface, surface / bare);
+        const double program = Program(folder, path);
+        std::printf("%zu KB: bare engine %.1f ms, surface %.1f ms (%.2f), program %.1f ms (%.2f)\n",
+                    size / 1000, bare, surface, surface / bare, program, program / bare);
     }
     return 0;
 }

@@ -39,6 +39,9 @@ class FileSystem {
     virtual bool CopyFile(std::string_view from, std::string_view to, bool may_replace) = 0;
     /// False where it fails, also where `to` exists.
     virtual bool MoveFile(std::string_view from, std::string_view to) = 0;
+    /// Waits until the file's bytes are on the disk, so that it survives a loss of power when it
+    /// takes another one's place.
+    virtual void FlushFile(std::string_view path) = 0;
     /// Puts `from` in the place of `to`, which keeps its on-disk spelling and its permissions: at
     /// every moment one of the two is there whole. False where it fails, with both as they were.
     virtual bool ReplaceFile(std::string_view from, std::string_view to) = 0;

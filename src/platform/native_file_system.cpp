@@ -296,9 +296,9 @@ bool NativeFileSystem::MoveFile(std::string_view from, std::string_view to) {
     }
 }
 
-/// The bytes are on the disk before the name that others rely on leads to them.
-static void FlushToDisk(const std::string& native) {
-    const Descriptor file(open(native.c_str(), O_RDONLY | O_CLOEXEC));
+void NativeFileSystem::FlushFile(std::string_view path) {
+    if (!flush_to_disk || IsNoPath(path)) return;
+    const Descriptor file(open(Resolve(path).c_str(), O_RDONLY | O_CLOEXEC));
     if (file.Get() >= 0) fdatasync(file.Get());
 }
 
@@ -312,7 +312,6 @@ bool NativeFileSystem::ReplaceFile(std::string_view from, std::string_view to) {
                                                                &std::free);
         if (real != nullptr) target = real.get();
         if (const auto status = StatOf(target)) chmod(source.c_str(), status->st_mode & 07777);
-        if (flush_to_disk) FlushToDisk(source);
         return rename(source.c_str(), target.c_str()) == 0;
     } catch (const RuntimeError&) {
         return false;

@@ -21,6 +21,7 @@ class NativeFileSystem : public FileSystem {
     void CreateFolder(std::string_view path) override;
     bool CopyFile(std::string_view from, std::string_view to, bool may_replace) override;
     bool MoveFile(std::string_view from, std::string_view to) override;
+    void FlushFile(std::string_view path) override;
     bool ReplaceFile(std::string_view from, std::string_view to) override;
     bool LinkFile(std::string_view from, std::string_view to) override;
     std::optional<FileStamp> Stamp(std::string_view path) override;
@@ -28,7 +29,7 @@ class NativeFileSystem : public FileSystem {
     std::string NativePath(std::string_view path) const override;
     std::string WindowsPath(std::string_view native) const override;
 
-    /// A replaced file survives a loss of power, at the cost of waiting for the disk.
+    /// False makes FlushFile do nothing.
     bool flush_to_disk = true;
 
     /// The native path, in bytes, with the on-disk spelling of each part that exists. A part that

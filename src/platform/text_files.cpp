@@ -61,6 +61,7 @@ bool TextFiles::WriteTemporary(std::string_view path, std::string_view text, con
 bool TextFiles::SwapIn(std::string_view path, Backup backup, const Trap& trap) {
     const std::string target(path);
     const std::string temporary = target + ".tmp";
+    files_.FlushFile(temporary);
     const bool has_old = files_.FileExists(target);
     const bool has_room = !has_old || backup == Backup::kNone || KeepBackup(files_, target);
     if (has_room && files_.ReplaceFile(temporary, target)) return true;

@@ -50,6 +50,7 @@ bool PromoteWorkingCopy(MainForm& main, const std::string& topic) {
         if (may == Overwrite::kNothing) return main.files.DeleteFile(copy);
         if (main.project.backup_all_html) KeepBackup(main.files, topic);
     }
+    main.files.FlushFile(copy);
     if (main.files.ReplaceFile(copy, topic)) {
         NoteTopicFile(main, topic);
     } else {
