@@ -96,7 +96,6 @@ const upperInner = (parent) =>
 
 // Parsed as it would be inside `context`.
 function parseFragment(html, context) {
-    const range = document.createRange();
-    range.selectNodeContents(context);
+    const range = wholeRange(context);
     return range.createContextualFragment(html);
 }

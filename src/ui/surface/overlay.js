@@ -174,9 +174,10 @@ const kSheets = {
 };
 
 function showSheets(names) {
-    document.adoptedStyleSheets = names.map((name) => {
+    const sheets = names.map((name) => {
         const sheet = new CSSStyleSheet();
         sheet.replaceSync(kSheets[name]);
         return sheet;
     });
+    document.adoptedStyleSheets = isLong ? [...sheets, narrowSheet] : sheets;
 }

@@ -38,8 +38,7 @@ calls.sameElement = (id) => keep(elementOf(id));
 calls.elementParent = (id) => keep(elementOf(id).parentElement);
 
 calls.elementRange = (id) => {
-    const range = document.createRange();
-    range.selectNodeContents(elementOf(id));
+    const range = wholeRange(elementOf(id));
     return keep(range);
 };
 
@@ -73,8 +72,7 @@ calls.setOuterHTML = (id, html) => {
         if (wasControl && isControl(first)) {
             selectControl(first);
         } else if (wasControl || wasInside) {
-            const inside = document.createRange();
-            inside.selectNodeContents(first);
+            const inside = wholeRange(first);
             if (wasCaret) inside.collapse(true);
             selectRange(inside);
         }

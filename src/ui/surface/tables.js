@@ -94,8 +94,7 @@ function selectedCells() {
     const table = around.closest('table') || around.querySelector('table');
     if (table === null) return [];
     const holds = (cell) => {
-        const inside = document.createRange();
-        inside.selectNodeContents(cell);
+        const inside = wholeRange(cell);
         return range.compareBoundaryPoints(Range.START_TO_END, inside) > 0 &&
             range.compareBoundaryPoints(Range.END_TO_START, inside) < 0;
     };
@@ -112,8 +111,7 @@ function newCell(like) {
 
 function caretInto(cell) {
     if (!cell) return;
-    const range = document.createRange();
-    range.selectNodeContents(cell);
+    const range = wholeRange(cell);
     range.collapse(true);
     selectRange(range);
 }
