@@ -85,8 +85,10 @@ const rangeHTML = (range) => upperInner(range.cloneContents());
 
 function positionsOf(range) {
     const map = textMap();
-    return [map.position(range.startContainer, range.startOffset),
-            map.position(range.endContainer, range.endOffset)];
+    return [
+        map.position(range.startContainer, range.startOffset),
+        map.position(range.endContainer, range.endOffset)
+    ];
 }
 
 function rangeText(range) {
@@ -172,8 +174,8 @@ function findIn(range, text, count, flags) {
     const map = textMap();
     const [start, end] = positionsOf(range);
     const search = searchFor(text, flags);
-    const hit = count < 0 ? findUp(map.text, search, flags, end, map.advance(start, count))
-                          : findDown(map.text, search, flags, start, map.advance(end, count));
+    const hit = count < 0 ? findUp(map.text, search, flags, end, map.advance(start, count)) :
+                            findDown(map.text, search, flags, start, map.advance(end, count));
     if (hit === null) return false;
     setRange(range, ...hit);
     return true;

@@ -5,9 +5,10 @@ let control = null;
 // The selection behind the last change, where a step that begins unseen began.
 let lastSelection = null;
 
-const kControls = new Set(
-    ('APPLET AUDIO BUTTON EMBED HR IFRAME IMG INPUT MARQUEE OBJECT SELECT TABLE TEXTAREA ' +
-     'VIDEO').split(' '));
+const kControls =
+    new Set(('APPLET AUDIO BUTTON EMBED HR IFRAME IMG INPUT MARQUEE OBJECT SELECT TABLE TEXTAREA ' +
+             'VIDEO')
+                .split(' '));
 const isAbsolute = (element) => getComputedStyle(element).position === 'absolute';
 const isControl = (element) => kControls.has(upperName(element)) ||
     (element !== document.body && element.style && element.style.position === 'absolute');
@@ -85,14 +86,14 @@ function restoreSelection(saved) {
     if (!isPlace(saved.anchor, saved.anchorOffset) || !isPlace(saved.focus, saved.focusOffset)) {
         return;
     }
-    getSelection().setBaseAndExtent(saved.anchor, saved.anchorOffset, saved.focus,
-                                    saved.focusOffset);
+    getSelection().setBaseAndExtent(
+        saved.anchor, saved.anchorOffset, saved.focus, saved.focusOffset);
 }
 
 function selectRange(range) {
     control = null;
-    getSelection().setBaseAndExtent(range.startContainer, range.startOffset, range.endContainer,
-                                    range.endOffset);
+    getSelection().setBaseAndExtent(
+        range.startContainer, range.startOffset, range.endContainer, range.endOffset);
     selectionMoved();
 }
 
@@ -115,8 +116,9 @@ function isAroundControl() {
     const selection = getSelection();
     if (selection.rangeCount === 0) return false;
     const range = selection.getRangeAt(0);
-    return range.startContainer === control.parentNode && range.endContainer === control.parentNode &&
-        range.startOffset === indexOf(control) && range.endOffset === range.startOffset + 1;
+    return range.startContainer === control.parentNode &&
+        range.endContainer === control.parentNode && range.startOffset === indexOf(control) &&
+        range.endOffset === range.startOffset + 1;
 }
 
 function selectionMoved() {
