@@ -1,6 +1,5 @@
 // The commands of the web engine's surface.
 #include <QClipboard>
-#include <QFileDialog>
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QMimeData>
@@ -115,12 +114,13 @@ std::optional<QJsonValue> WebSurface::Ask(int command, const QJsonValue& given) 
         const bool is_link = command == DECMD_HYPERLINK;
         const QString start =
             is_link && given.isNull() ? calls_->Call("link").toString() : given.toString();
-        bool is_given = false;
-        const QString address = QInputDialog::getText(
-            view_, is_link ? "Hyperlink" : "Graphic",
-            is_link ? "Address:" : "File or address:", QLineEdit::Normal, start, &is_given);
-        if (!is_given || address.isEmpty()) return std::nullopt;
-        return address;
+        QInputDialog dialog(view_);
+        dialog.setObjectName(is_link ? "HyperlinkAddress" : "GraphicAddress");
+        dialog.setWindowTitle(is_link ? "Hyperlink" : "Graphic");
+        dialog.setLabelText("Address:");
+        dialog.setTextValue(start);
+        if (dialog.exec() != QDialog::Accepted || dialog.textValue().isEmpty()) return std::nullopt;
+        return dialog.textValue();
     }
     return given;
 }

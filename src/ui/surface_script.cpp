@@ -11,7 +11,7 @@ QByteArray ReadParts() {
     // What a file uses while it is read stands before it.
     for (const char* name :
          {"page", "selection", "history", "html", "text_map", "ranges", "edit", "format", "tables",
-          "controls", "clipboard", "overlay", "keys", "start"}) {
+          "controls", "clipboard", "narrow", "overlay", "keys", "start"}) {
         QFile file(QStringLiteral(":/quorrel/surface/%1.js").arg(QLatin1String(name)));
         if (!file.open(QIODevice::ReadOnly)) qFatal("surface script %s is not built in", name);
         code += file.readAll();

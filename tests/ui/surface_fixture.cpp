@@ -73,7 +73,7 @@ std::string SurfaceFixture::BodyWithSelection() {
 void SurfaceFixture::Select(const std::string& text) {
     const auto range = surface.DOM().body()->createTextRange();
     range->collapse(true);
-    ASSERT_TRUE(range->findText(text, 1000000, 4)) << text;
+    ASSERT_TRUE(range->findText(text, 1000000000, 4)) << text;
     range->Select();
 }
 

@@ -26,7 +26,8 @@ function fileAddress(value) {
     const url = urlOf(value.replaceAll('\\', '/'), document.baseURI);
     if (!isOfTopics(url)) return value;
     const root = `/${setup.root}`;
-    const hasRoot = setup.root !== '' && url.pathname.toUpperCase().startsWith(`${root}/`.toUpperCase());
+    const hasRoot =
+        setup.root !== '' && url.pathname.toUpperCase().startsWith(`${root}/`.toUpperCase());
     return `file://${hasRoot ? url.pathname.slice(root.length) : url.pathname}${url.hash}`;
 }
 
@@ -34,16 +35,18 @@ function fileAddress(value) {
 function topicPath(url) {
     if (isOfTopics(url)) return url.pathname;
     if (url === null || url.protocol !== 'file:' || url.host !== '') return null;
-    return /^\/[A-Za-z]:/.test(url.pathname) || setup.root === '' ? url.pathname
-                                                                  : `/${setup.root}${url.pathname}`;
+    return /^\/[A-Za-z]:/.test(url.pathname) || setup.root === '' ? url.pathname :
+                                                                    `/${setup.root}${url.pathname}`;
 }
 
 function relativePath(path, from) {
     const target = path.split('/');
     const base = from.split('/');
-    const isSame = (a, b) => decodeURIComponent(a).toUpperCase() === decodeURIComponent(b).toUpperCase();
+    const isSame = (a, b) =>
+        decodeURIComponent(a).toUpperCase() === decodeURIComponent(b).toUpperCase();
     let shared = 0;
-    while (shared < base.length - 1 && shared < target.length - 1 && isSame(target[shared], base[shared])) {
+    while (shared < base.length - 1 && shared < target.length - 1 &&
+           isSame(target[shared], base[shared])) {
         ++shared;
     }
     if (shared < 2) return null;  // another drive
@@ -140,7 +143,8 @@ const kDropped = 'script,style,link,meta,base,title,iframe,frame,frameset,nofram
     'applet,noscript,template,svg,math,audio,video,canvas,form > input[type=hidden]';
 const kUnwrapped = 'html,head,body,form,portal';
 const kActing = /^(?:on|srcset$|ping$|formaction$|action$|srcdoc$|xmlns|data-locked$)/i;
-const kSafeProtocols = new Set(['http:', 'https:', 'mailto:', 'ftp:', 'news:', 'file:', 'quorrel:']);
+const kSafeProtocols =
+    new Set(['http:', 'https:', 'mailto:', 'ftp:', 'news:', 'file:', 'quorrel:']);
 
 function isSafeAddress(name, value) {
     const text = value.replace(/[\u0000-\u0020]/g, '');
@@ -152,7 +156,8 @@ function isSafeAddress(name, value) {
 
 function cleanAttributes(element) {
     for (const {name, value} of Array.from(element.attributes)) {
-        const isAddress = kAddresses.includes(name) || name.endsWith(':href') || name === 'longdesc';
+        const isAddress =
+            kAddresses.includes(name) || name.endsWith(':href') || name === 'longdesc';
         const isOffice = (name === 'class' && /^Mso/i.test(value)) ||
             (name === 'style' && /mso-|url\(|expression|@import/i.test(value));
         if (kActing.test(name) || isOffice || (isAddress && !isSafeAddress(name, value))) {
@@ -178,7 +183,8 @@ function cleanFragment(html) {
         }
     }
     const fragment = document.createDocumentFragment();
-    fragment.append(...Array.from(foreign.body.childNodes, (node) => document.importNode(node, true)));
+    fragment.append(
+        ...Array.from(foreign.body.childNodes, (node) => document.importNode(node, true)));
     mapAddresses(fragment, (value) => ownAddress(value));
     return fragment;
 }
@@ -197,7 +203,8 @@ function ownFragment() {
 function textFragment(text) {
     const fragment = document.createDocumentFragment();
     const lines = text.replace(/\r\n?/g, '\n').replace(/\n$/, '').split('\n');
-    const shown = lines.map((line) => line.replace(/^ | (?= )/g, '\u00A0').replace(/\t/g, kTabWidth));
+    const shown =
+        lines.map((line) => line.replace(/^ | (?= )/g, '\u00A0').replace(/\t/g, kTabWidth));
     const addLines = (parent, group) => group.forEach((line, index) => {
         if (index > 0) parent.append(document.createElement('br'));
         if (line !== '') parent.append(line);

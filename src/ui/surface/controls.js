@@ -13,8 +13,8 @@ const isPositioned = (element) =>
 
 function isAtEdge(element, {clientX, clientY}) {
     const box = element.getBoundingClientRect();
-    return clientX < box.left + kEdge || clientX > box.right - kEdge ||
-        clientY < box.top + kEdge || clientY > box.bottom - kEdge;
+    return clientX < box.left + kEdge || clientX > box.right - kEdge || clientY < box.top + kEdge ||
+        clientY > box.bottom - kEdge;
 }
 
 function controlUnder(event) {
@@ -31,7 +31,8 @@ function controlUnder(event) {
     }
     return null;
 }
-const kSelectedWhole = new Set('IMG HR INPUT BUTTON SELECT TEXTAREA OBJECT EMBED IFRAME'.split(' '));
+const kSelectedWhole =
+    new Set('IMG HR INPUT BUTTON SELECT TEXTAREA OBJECT EMBED IFRAME'.split(' '));
 
 // ---- Changing size and place by the mouse
 
@@ -48,9 +49,15 @@ const snapped = (value) => (view.grid ? Math.round(value / kGrid) * kGrid : Math
 function frameOfDrag(event) {
     const {element, edges, box} = drag;
     const [dx, dy] = [event.clientX - drag.startX, event.clientY - drag.startY];
-    if (edges === '') return {left: box.left + dx, top: box.top + dy, width: box.width, height: box.height};
+    if (edges === '')
+        return {left: box.left + dx, top: box.top + dy, width: box.width, height: box.height};
     let width = Math.max(1, box.width + (edges.includes('e') ? dx : edges.includes('w') ? -dx : 0));
-    let height = Math.max(1, box.height + (edges.includes('s') ? dy : edges.includes('n') ? -dy : 0));
+    let height = Math.max(
+        1,
+        box.height +
+            (edges.includes('s')     ? dy :
+                 edges.includes('n') ? -dy :
+                                       0));
     if (edges.length === 2 && element.localName === 'img') height = width * box.height / box.width;
     width = Math.round(width);
     height = Math.round(height);
@@ -191,7 +198,9 @@ function positioned() {
 }
 
 const layerOf = (element) => Number.parseInt(getComputedStyle(element).zIndex, 10) || 0;
-const setLayer = (element, layer) => { element.style.zIndex = layer; };
+const setLayer = (element, layer) => {
+    element.style.zIndex = layer;
+};
 
 function otherLayers(element) {
     const all = Array.from(document.body.querySelectorAll('[style]')).filter(isPositioned);

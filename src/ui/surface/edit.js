@@ -6,8 +6,8 @@ const isCell = (node) => node instanceof Element && /^T[DH]$/.test(upperName(nod
 
 // ---- Taking out
 
-const isBlank = (node) =>
-    node.nodeType === Node.COMMENT_NODE || (node.nodeType === Node.TEXT_NODE && !/\S/.test(node.data));
+const isBlank = (node) => node.nodeType === Node.COMMENT_NODE ||
+    (node.nodeType === Node.TEXT_NODE && !/\S/.test(node.data));
 const hasNothing = (element) =>
     element.querySelector('img,hr,input,table,object,br,iframe,embed,a[name],a[id]') === null &&
     !/[^ \t\r\n\f]/.test(element.textContent);
@@ -31,7 +31,8 @@ function removeEmptied(element, kept) {
 }
 
 const kFormats = new Set(
-    'A ABBR B BIG CITE CODE DFN EM FONT I KBD S SMALL SPAN STRIKE STRONG SUB SUP TT U VAR'.split(' '));
+    'A ABBR B BIG CITE CODE DFN EM FONT I KBD S SMALL SPAN STRIKE STRONG SUB SUP TT U VAR'.split(
+        ' '));
 
 // The formats of what is gone go too, but for those around `kept`.
 function removeEmptyFormats(node, kept) {
@@ -146,7 +147,8 @@ function pasteHTML(range, html) {
         return;
     }
     insertFragment(range, parseFragment(html, contextOf(range)));
-    if (getSelection().rangeCount === 0 || !isPlace(getSelection().anchorNode, getSelection().anchorOffset)) {
+    if (getSelection().rangeCount === 0 ||
+        !isPlace(getSelection().anchorNode, getSelection().anchorOffset)) {
         selectRange(range);
     }
 }
@@ -182,9 +184,7 @@ function takeTidiedChanges(isDeletion) {
     return [...changes, ...takeChanges()];
 }
 
-function unwrap(element) {
-    element.replaceWith(...element.childNodes);
-}
+function unwrap(element) { element.replaceWith(...element.childNodes); }
 
 // Of elements that were there before only the place has changed.
 function newElements(changes) {

@@ -8,7 +8,18 @@ const kNinched = 11;
 const enabledIf = (condition) => (condition ? kEnabled : kDisabled);
 function native(name, value = null) {
     prepare();
+    widen();
     return document.execCommand(name, false, value);
+}
+
+// Before the first text. (The text map would do, but takes its time on a long document.)
+function firstPlace() {
+    const texts = document.createTreeWalker(document.body, NodeFilter.SHOW_TEXT);
+    for (let text = texts.nextNode(); text !== null; text = texts.nextNode()) {
+        const at = text.data.search(/[^ \t\r\n\f]/);
+        if (at >= 0 && !kUnseen.has(upperName(text.parentNode))) return [text, at];
+    }
+    return [document.body, 0];
 }
 
 // The engine is told how to edit when that begins: telling it makes it lay the page out, for which
@@ -19,7 +30,7 @@ function prepare() {
     isPrepared = true;
     document.execCommand('styleWithCSS', false, false);
     document.execCommand('defaultParagraphSeparator', false, 'p');
-    if (getSelection().rangeCount === 0) getSelection().collapse(...textMap().place(0));
+    if (getSelection().rangeCount === 0) getSelection().collapse(...firstPlace());
     lastSelection = savedSelection();
 }
 calls.prepare = prepare;
@@ -49,12 +60,27 @@ const canEditText = () => enabledIf(isEditing() && control === null);
 
 // ---- Characters
 
+// The engine looks at all that is selected, which it does not end with in a long document.
+function stateAtStart(name) {
+    const style = getComputedStyle(contextOf(currentRange()));
+    switch (name) {
+        case 'bold':
+            return Number(style.fontWeight) >= 600;
+        case 'italic':
+            return style.fontStyle === 'italic';
+        default:
+            return style.textDecorationLine.includes('underline');
+    }
+}
+
 function statusOfState(name) {
     if (!isEditing() || control !== null) return kDisabled;
+    if (isLong && !currentRange().collapsed) return stateAtStart(name) ? kLatched : kEnabled;
     if (document.queryCommandIndeterm(name)) return kNinched;
     return document.queryCommandState(name) ? kLatched : kEnabled;
 }
-const defineToggle = (number, name) => define(number, () => statusOfState(name), () => native(name));
+const defineToggle = (number, name) =>
+    define(number, () => statusOfState(name), () => native(name));
 
 defineToggle(5000, 'bold');
 defineToggle(5023, 'italic');
@@ -64,7 +90,11 @@ defineToggle(5048, 'underline');
 function hexColor(color) {
     const parts = (color || '').match(/[\d.]+/g);
     if (parts === null || parts.length < 3 || parts[3] === '0') return null;
-    return '#' + parts.slice(0, 3).map((part) => Number(part).toString(16).padStart(2, '0')).join('').toUpperCase();
+    return '#' +
+        parts.slice(0, 3)
+            .map((part) => Number(part).toString(16).padStart(2, '0'))
+            .join('')
+            .toUpperCase();
 }
 
 function backColor() {
@@ -98,8 +128,8 @@ function nameOf(value) {
 define(5010, canEditText, backColor, false);
 define(5013, canEditText, fontName, false);
 define(5014, canEditText, () => Number(document.queryCommandValue('fontSize')) || 3, false);
-define(5015, canEditText,
-       () => hexColor(document.queryCommandValue('foreColor')) || '#000000', false);
+define(
+    5015, canEditText, () => hexColor(document.queryCommandValue('foreColor')) || '#000000', false);
 define(5042, canEditText, (value) => native('backColor', colorOf(value)));
 define(5044, canEditText, (value) => native('fontName', nameOf(value)));
 define(5045, canEditText, (value) => native('fontSize', sizeOf(value)));
@@ -107,12 +137,17 @@ define(5046, canEditText, (value) => native('foreColor', colorOf(value)));
 define(5034, canEditText, () => native('removeFormat'));
 
 // What the dialog for fonts shows and gives: {name, size, color, bold, italic, underline}.
-const kStyles = {bold: 'bold', italic: 'italic', underline: 'underline'};
+const kStyles = {
+    bold: 'bold',
+    italic: 'italic',
+    underline: 'underline'
+};
 calls.font = () => ({
     name: fontName(),
     size: Number(document.queryCommandValue('fontSize')) || 3,
     color: hexColor(document.queryCommandValue('foreColor')) || '#000000',
-    ...Object.fromEntries(Object.keys(kStyles).map((name) => [name, document.queryCommandState(name)])),
+    ...Object.fromEntries(
+        Object.keys(kStyles).map((name) => [name, document.queryCommandState(name)])),
 });
 define(5009, canEditText, (font) => {
     if (font === null) throw new Refusal(5);
@@ -129,14 +164,11 @@ define(5009, canEditText, (font) => {
 
 // The nodes with a look of their own that the range holds or touches.
 function leavesIn(range) {
-    if (range.collapsed) return [range.startContainer];
-    const leaves = [];
-    const walker = document.createTreeWalker(document.body, NodeFilter.SHOW_TEXT | NodeFilter.SHOW_ELEMENT);
-    for (let node = walker.nextNode(); node !== null; node = walker.nextNode()) {
-        const isLeaf = node.firstChild === null && range.intersectsNode(node) &&
-            (node.nodeType !== Node.TEXT_NODE || /\S/.test(node.data) || isParagraph(node.parentNode));
-        if (isLeaf) leaves.push(node);
-    }
+    const isLeaf = (node) => node.firstChild === null &&
+        (node instanceof Element ||
+         (node.nodeType === Node.TEXT_NODE &&
+          (/\S/.test(node.data) || isParagraph(node.parentNode))));
+    const leaves = range.collapsed ? [] : nodesIn(range).filter(isLeaf);
     return leaves.length > 0 ? leaves : [range.startContainer];
 }
 const selectedBlocks = () => [...new Set(leavesIn(currentRange()).map(blockOf))];
@@ -190,7 +222,8 @@ define(5031, canEditText, () => native('outdent'));
 
 function rename(element, name) {
     const renamed = document.createElement(name);
-    for (const attribute of element.attributes) renamed.setAttribute(attribute.name, attribute.value);
+    for (const attribute of element.attributes)
+        renamed.setAttribute(attribute.name, attribute.value);
     renamed.append(...element.childNodes);
     element.replaceWith(renamed);
     return renamed;
@@ -214,7 +247,8 @@ function makeList(name) {
     freeLists();
     if (name === 'ol' || name === 'ul') return;
     const lists = new Set(leavesIn(currentRange()).map(listOf));
-    keepingSelection(() => lists.forEach((list) => list && list.localName === 'ul' && rename(list, name)));
+    keepingSelection(
+        () => lists.forEach((list) => list && list.localName === 'ul' && rename(list, name)));
 }
 
 // The engine leaves a list inside the paragraph that it was made of, where none may be.
@@ -249,13 +283,25 @@ define(5051, () => statusOfList('ul'), () => toggleList('ul'));
 // ---- Block formats
 
 const kBlockFormats = new Map([
-    ['Normal', 'p'], ['Formatted', 'pre'], ['Address', 'address'], ['Heading 1', 'h1'],
-    ['Heading 2', 'h2'], ['Heading 3', 'h3'], ['Heading 4', 'h4'], ['Heading 5', 'h5'],
-    ['Heading 6', 'h6'], ['Numbered List', 'ol'], ['Bulleted List', 'ul'],
-    ['Directory List', 'dir'], ['Menu List', 'menu'], ['Definition Term', 'dt'],
-    ['Definition', 'dd'], ['Paragraph', 'p'],
+    ['Normal', 'p'],
+    ['Formatted', 'pre'],
+    ['Address', 'address'],
+    ['Heading 1', 'h1'],
+    ['Heading 2', 'h2'],
+    ['Heading 3', 'h3'],
+    ['Heading 4', 'h4'],
+    ['Heading 5', 'h5'],
+    ['Heading 6', 'h6'],
+    ['Numbered List', 'ol'],
+    ['Bulleted List', 'ul'],
+    ['Directory List', 'dir'],
+    ['Menu List', 'menu'],
+    ['Definition Term', 'dt'],
+    ['Definition', 'dd'],
+    ['Paragraph', 'p'],
 ]);
-const kFormatOfBlock = new Map([...kBlockFormats].reverse().map(([name, element]) => [element, name]));
+const kFormatOfBlock =
+    new Map([...kBlockFormats].reverse().map(([name, element]) => [element, name]));
 
 function blockFormat() {
     const within = contextElement(currentRange().startContainer);
@@ -340,8 +386,11 @@ const linkAt = (node) => contextElement(node).closest('a[href]');
 
 function linksIn(range) {
     const around = linkAt(range.commonAncestorContainer);
-    if (around !== null) return [around];
-    return Array.from(document.body.querySelectorAll('a[href]')).filter((link) => range.intersectsNode(link));
+    if (around !== null || range.collapsed) return around === null ? [] : [around];
+    const first = linkAt(range.startContainer);
+    const links =
+        nodesIn(range).filter((node) => node instanceof Element && node.matches('a[href]'));
+    return first === null ? links : [...new Set([first, ...links])];
 }
 
 function makeLink(value) {
@@ -376,8 +425,9 @@ function removeLink(link) {
 }
 
 define(5016, canEdit, makeLink);
-define(5050, () => enabledIf(isEditing() && linksIn(currentRange()).length > 0),
-       () => keepingSelection(() => linksIn(currentRange()).forEach(removeLink)));
+define(
+    5050, () => enabledIf(isEditing() && linksIn(currentRange()).length > 0),
+    () => keepingSelection(() => linksIn(currentRange()).forEach(removeLink)));
 calls.link = () => {
     const [link] = linksIn(currentRange());
     return link ? link.getAttribute('href') : '';

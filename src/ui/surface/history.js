@@ -2,7 +2,7 @@
 // the tree; taking it back sets the same nodes as they were.
 
 const kMostSteps = 1000;
-const kMostKeptText = 64e6;    // characters of old values in all steps
+const kMostKeptText = 64e6;       // characters of old values in all steps
 const kPauseMilliseconds = 2000;  // typing after it is a step of its own
 
 // The state of the content: 0 as loaded, and a number of its own for each state since.
@@ -124,14 +124,14 @@ function appendChanges(step, changes) {
     }
 }
 
-const isSamePlace = (a, b) =>
-    a && b && a.anchor === b.anchor && a.anchorOffset === b.anchorOffset && a.focus === b.focus &&
-    a.focusOffset === b.focusOffset;
+const isSamePlace = (a, b) => a && b && a.anchor === b.anchor &&
+    a.anchorOffset === b.anchorOffset && a.focus === b.focus && a.focusOffset === b.focusOffset;
 
 const beginsWord = (step, data) => /\S/.test(data || '') && /\s$/.test(step.typed || '');
 
 function joins(step, next) {
-    if (!step || step.kind !== next.kind || !['typing', 'erasing'].includes(step.kind)) return false;
+    if (!step || step.kind !== next.kind || !['typing', 'erasing'].includes(step.kind))
+        return false;
     if (isComposing) return true;
     return next.time - step.time < kPauseMilliseconds && isSamePlace(step.after, next.before) &&
         !beginsWord(step, next.typed);
@@ -154,7 +154,8 @@ function pushStep(step) {
         last.to = version;
     } else {
         const {changes} = step;
-        done.push({...step, changes: [], size: 0, to: version, undone: step.transient ? undone : null});
+        done.push(
+            {...step, changes: [], size: 0, to: version, undone: step.transient ? undone : null});
         appendChanges(done[done.length - 1], changes);
     }
     undone = [];
@@ -189,8 +190,7 @@ function runStep(kind, work, more = {}) {
 }
 
 // A step that holds the marker leaves no trace when it is taken back.
-const stepFor = (html, work) =>
-    runStep('command', work, {transient: html.includes(setup.marker)});
+const stepFor = (html, work) => runStep('command', work, {transient: html.includes(setup.marker)});
 
 function undo() {
     collectChanges();
@@ -272,6 +272,12 @@ document.addEventListener('input', (event) => {
     });
 }, true);
 
-document.addEventListener('compositionstart', () => { isComposing = false; }, true);
-document.addEventListener('compositionupdate', () => { isComposing = true; }, true);
-document.addEventListener('compositionend', () => { isComposing = false; }, true);
+document.addEventListener('compositionstart', () => {
+    isComposing = false;
+}, true);
+document.addEventListener('compositionupdate', () => {
+    isComposing = true;
+}, true);
+document.addEventListener('compositionend', () => {
+    isComposing = false;
+}, true);

@@ -2,11 +2,18 @@
 
 const kVoidElements = new Set(
     ('AREA BASE BASEFONT BGSOUND BR COL EMBED FRAME HR IMG INPUT KEYGEN LINK META PARAM SOURCE ' +
-     'TRACK WBR').split(' '));
+     'TRACK WBR')
+        .split(' '));
 const kRawElements = new Set('SCRIPT STYLE XMP IFRAME NOEMBED NOFRAMES PLAINTEXT'.split(' '));
 const kLosesFirstBreak = new Set(['PRE', 'TEXTAREA', 'LISTING']);
 
-const kEscapes = {'&': '&amp;', '<': '&lt;', '>': '&gt;', '"': '&quot;', '\u00A0': '&nbsp;'};
+const kEscapes = {
+    '&': '&amp;',
+    '<': '&lt;',
+    '>': '&gt;',
+    '"': '&quot;',
+    '\u00A0': '&nbsp;'
+};
 const escapeText = (text) => text.replace(/[&<>\u00A0]/g, (c) => kEscapes[c]);
 const escapeValue = (text) => text.replace(/[&"\u00A0]/g, (c) => kEscapes[c]);
 
@@ -21,7 +28,8 @@ function commentHTML(data) {
     return /^\?[^>]*$/.test(data) ? `<${data}>` : `<!--${data}-->`;
 }
 const unmask = (html) => html.replace(
-    kMaskedComments, (all, declaration, instruction) =>
+    kMaskedComments,
+    (all, declaration, instruction) =>
         declaration !== undefined ? `<!${declaration}>` : `<${instruction}>`);
 
 // ---- The whole document, in the engine's own form
@@ -37,11 +45,16 @@ function doctypeHTML(type) {
 
 function childHTML(node) {
     switch (node.nodeType) {
-        case Node.ELEMENT_NODE: return node === overlayHost ? '' : node.outerHTML;
-        case Node.TEXT_NODE: return escapeText(node.data);
-        case Node.COMMENT_NODE: return `<!--${node.data}-->`;
-        case Node.DOCUMENT_TYPE_NODE: return doctypeHTML(node);
-        default: return '';
+        case Node.ELEMENT_NODE:
+            return node === overlayHost ? '' : node.outerHTML;
+        case Node.TEXT_NODE:
+            return escapeText(node.data);
+        case Node.COMMENT_NODE:
+            return `<!--${node.data}-->`;
+        case Node.DOCUMENT_TYPE_NODE:
+            return doctypeHTML(node);
+        default:
+            return '';
     }
 }
 
@@ -52,8 +65,8 @@ function documentHTML() {
             parts.push(childHTML(node));
             continue;
         }
-        parts.push(startTag(node), ...Array.from(node.childNodes, childHTML),
-                   `</${node.localName}>`);
+        parts.push(
+            startTag(node), ...Array.from(node.childNodes, childHTML), `</${node.localName}>`);
     }
     return unmask(parts.join(''));
 }
@@ -78,14 +91,17 @@ function upperElement(element) {
 
 function upperNode(node) {
     switch (node.nodeType) {
-        case Node.ELEMENT_NODE: return node === overlayHost ? '' : upperElement(node);
+        case Node.ELEMENT_NODE:
+            return node === overlayHost ? '' : upperElement(node);
         case Node.TEXT_NODE: {
             const parent = node.parentNode;
             const isRaw = parent instanceof Element && kRawElements.has(upperName(parent));
             return isRaw ? node.data : escapeText(node.data);
         }
-        case Node.COMMENT_NODE: return commentHTML(node.data);
-        default: return '';
+        case Node.COMMENT_NODE:
+            return commentHTML(node.data);
+        default:
+            return '';
     }
 }
 
@@ -96,7 +112,6 @@ const upperInner = (parent) =>
 
 // Parsed as it would be inside `context`.
 function parseFragment(html, context) {
-    const range = document.createRange();
-    range.selectNodeContents(context);
+    const range = wholeRange(context);
     return range.createContextualFragment(html);
 }

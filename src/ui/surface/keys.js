@@ -9,8 +9,7 @@ function tabInTable(cell, isBack) {
     if (!next && !isBack) {
         runCommand(5021);
     } else if (next) {
-        const range = document.createRange();
-        range.selectNodeContents(next);
+        const range = wholeRange(next);
         selectRange(range);
     }
 }

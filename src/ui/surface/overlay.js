@@ -70,33 +70,49 @@ function handleAt(edges, {left, top, width, height}) {
 function frameParts() {
     if (control === null || !control.isConnected) return [];
     const box = drag !== null ? drag.frame : control.getBoundingClientRect();
-    const frame = place(piece('div', 'frame'), box.left - 1, box.top - 1, box.width + 2, box.height + 2);
+    const frame =
+        place(piece('div', 'frame'), box.left - 1, box.top - 1, box.width + 2, box.height + 2);
     if (!isResizable(control)) return [frame];
     return [frame, ...kHandles.map((edges) => handleAt(edges, box))];
 }
 
 // ---- Signs
 
-const kSignsOfElements = {BR: '\u21B5', SCRIPT: 'script', STYLE: 'style'};
+const kSignsOfElements = {
+    BR: '\u21B5',
+    SCRIPT: 'script',
+    STYLE: 'style'
+};
 
 function signOf(node) {
     if (node.nodeType === Node.COMMENT_NODE) {
         return /^\/?OBJECT\b/.test(node.data) ? 'object' : '!';
     }
     const name = upperName(node);
-    if (name === 'A') return node.hasAttribute('name') || node.id ? `\u2693${node.name || node.id}` : null;
+    if (name === 'A')
+        return node.hasAttribute('name') || node.id ? `\u2693${node.name || node.id}` : null;
     return kSignsOfElements[name] || null;
+}
+
+// Of the nearest sibling on that side that takes room; past other comments, but not far.
+function boxesBeside(node, side) {
+    const range = document.createRange();
+    let sibling = node[side];
+    for (let i = 0; i < 8 && sibling !== null && sibling !== overlayHost; ++i) {
+        range.selectNode(sibling);
+        const boxes = range.getClientRects();
+        if (boxes.length > 0) return boxes;
+        sibling = sibling[side];
+    }
+    return [];
 }
 
 // Where a node is that takes no room: at what is next to it.
 function placeOf(node) {
     const own = node instanceof Element ? node.getClientRects()[0] : undefined;
     if (own) return own;
-    const range = document.createRange();
-    for (const [sibling, isBefore] of [[node.nextSibling, true], [node.previousSibling, false]]) {
-        if (sibling === null || sibling === overlayHost) continue;
-        range.selectNode(sibling);
-        const boxes = range.getClientRects();
+    for (const [side, isBefore] of [['nextSibling', true], ['previousSibling', false]]) {
+        const boxes = boxesBeside(node, side);
         if (boxes.length === 0) continue;
         const box = isBefore ? boxes[0] : boxes[boxes.length - 1];
         return {left: isBefore ? box.left : box.right, top: box.top};
@@ -110,8 +126,8 @@ function nodesWithSigns() {
     if (signsOfVersion === version) return signedNodes;
     signsOfVersion = version;
     signedNodes = [];
-    const walker = document.createTreeWalker(
-        document.body, NodeFilter.SHOW_COMMENT | NodeFilter.SHOW_ELEMENT);
+    const walker =
+        document.createTreeWalker(document.body, NodeFilter.SHOW_COMMENT | NodeFilter.SHOW_ELEMENT);
     for (let node = walker.nextNode(); node !== null; node = walker.nextNode()) {
         if (signOf(node) !== null) signedNodes.push(node);
     }
@@ -145,7 +161,8 @@ function draw() {
 
 let isDrawDue = false;
 function drawSoon() {
-    if (isDrawDue || (control === null && drag === null && !view.details && !isCanvasOpen())) return;
+    if (isDrawDue || (control === null && drag === null && !view.details && !isCanvasOpen()))
+        return;
     isDrawDue = true;
     requestAnimationFrame(() => {
         isDrawDue = false;
@@ -168,15 +185,19 @@ const kSheets = {
     // What is hidden until it is asked for can be edited all the same.
     details: `[style*="display: none" i], [style*="display:none" i] {
             display: revert !important; outline: 1px dashed #b08030; }`,
-    objects: `object, applet, embed { display: inline-block; min-width: 14px; min-height: 14px;
-            outline: 1px dashed #808080; background: rgba(128, 128, 128, 0.15); }
-        object[classid]::before { content: "\u29C9"; font: 12px/14px sans-serif; color: #505050; }`,
+    // Objects are not run: they are boxes to take hold of. A selected graphic is to be seen.
+    objects: `object, applet, embed { outline: 1px dashed #808080;
+            background: rgba(128, 128, 128, 0.25); }
+        :is(object, applet, embed):not([width]) { width: 16px; }
+        :is(object, applet, embed):not([height]) { height: 16px; }
+        img::selection { background: rgba(26, 115, 232, 0.25); }`,
 };
 
 function showSheets(names) {
-    document.adoptedStyleSheets = names.map((name) => {
+    const sheets = names.map((name) => {
         const sheet = new CSSStyleSheet();
         sheet.replaceSync(kSheets[name]);
         return sheet;
     });
+    document.adoptedStyleSheets = isLong ? [...sheets, narrowSheet] : sheets;
 }

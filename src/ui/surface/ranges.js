@@ -38,8 +38,7 @@ calls.sameElement = (id) => keep(elementOf(id));
 calls.elementParent = (id) => keep(elementOf(id).parentElement);
 
 calls.elementRange = (id) => {
-    const range = document.createRange();
-    range.selectNodeContents(elementOf(id));
+    const range = wholeRange(elementOf(id));
     return keep(range);
 };
 
@@ -73,8 +72,7 @@ calls.setOuterHTML = (id, html) => {
         if (wasControl && isControl(first)) {
             selectControl(first);
         } else if (wasControl || wasInside) {
-            const inside = document.createRange();
-            inside.selectNodeContents(first);
+            const inside = wholeRange(first);
             if (wasCaret) inside.collapse(true);
             selectRange(inside);
         }
@@ -87,8 +85,10 @@ const rangeHTML = (range) => upperInner(range.cloneContents());
 
 function positionsOf(range) {
     const map = textMap();
-    return [map.position(range.startContainer, range.startOffset),
-            map.position(range.endContainer, range.endOffset)];
+    return [
+        map.position(range.startContainer, range.startOffset),
+        map.position(range.endContainer, range.endOffset)
+    ];
 }
 
 function rangeText(range) {
@@ -174,8 +174,8 @@ function findIn(range, text, count, flags) {
     const map = textMap();
     const [start, end] = positionsOf(range);
     const search = searchFor(text, flags);
-    const hit = count < 0 ? findUp(map.text, search, flags, end, map.advance(start, count))
-                          : findDown(map.text, search, flags, start, map.advance(end, count));
+    const hit = count < 0 ? findUp(map.text, search, flags, end, map.advance(start, count)) :
+                            findDown(map.text, search, flags, start, map.advance(end, count));
     if (hit === null) return false;
     setRange(range, ...hit);
     return true;

@@ -5,9 +5,10 @@ let control = null;
 // The selection behind the last change, where a step that begins unseen began.
 let lastSelection = null;
 
-const kControls = new Set(
-    ('APPLET AUDIO BUTTON EMBED HR IFRAME IMG INPUT MARQUEE OBJECT SELECT TABLE TEXTAREA ' +
-     'VIDEO').split(' '));
+const kControls =
+    new Set(('APPLET AUDIO BUTTON EMBED HR IFRAME IMG INPUT MARQUEE OBJECT SELECT TABLE TEXTAREA ' +
+             'VIDEO')
+                .split(' '));
 const isAbsolute = (element) => getComputedStyle(element).position === 'absolute';
 const isControl = (element) => kControls.has(upperName(element)) ||
     (element !== document.body && element.style && element.style.position === 'absolute');
@@ -15,23 +16,52 @@ const isControl = (element) => kControls.has(upperName(element)) ||
 const contextElement = (node) => (node instanceof Element ? node : node.parentElement);
 const indexOf = (node) => Array.prototype.indexOf.call(node.parentNode.childNodes, node);
 
+const wholeRange = (node) => {
+    const range = document.createRange();
+    range.selectNodeContents(node);
+    return range;
+};
+
 // A copy of the selected range, held inside the body; null where there is none.
 function currentRange() {
     const selection = getSelection();
     const {body} = document;
     if (body === null) return null;
-    const whole = document.createRange();
-    whole.selectNodeContents(body);
     if (selection.rangeCount === 0) {
-        whole.collapse(true);
-        return whole;
+        const start = wholeRange(body);
+        start.collapse(true);
+        return start;
     }
     const range = selection.getRangeAt(0).cloneRange();
+    // (Comparing the ends of a long body takes the engine long.)
+    if (body.contains(range.startContainer) && body.contains(range.endContainer)) return range;
+    const whole = wholeRange(body);
     if (range.compareBoundaryPoints(Range.START_TO_START, whole) < 0) range.setStart(body, 0);
     if (range.compareBoundaryPoints(Range.END_TO_END, whole) > 0) {
         range.setEnd(body, body.childNodes.length);
     }
     return range;
+}
+
+function nodeBehind(node) {
+    let last = node;
+    while (last !== null && last.nextSibling === null) last = last.parentNode;
+    return last && last.nextSibling;
+}
+
+// The nodes that begin inside the range or that it begins in, in order. (The engine's own way of
+// asking node by node counts siblings each time.)
+function nodesIn(range) {
+    const {startContainer, endContainer} = range;
+    const first = startContainer.childNodes[range.startOffset];
+    const stop = endContainer.childNodes[range.endOffset] || nodeBehind(endContainer);
+    const nodes = [];
+    let node = first || (startContainer.firstChild ? nodeBehind(startContainer) : startContainer);
+    while (node !== null && node !== stop) {
+        nodes.push(node);
+        node = node.firstChild || nodeBehind(node);
+    }
+    return nodes;
 }
 
 function savedSelection() {
@@ -56,14 +86,14 @@ function restoreSelection(saved) {
     if (!isPlace(saved.anchor, saved.anchorOffset) || !isPlace(saved.focus, saved.focusOffset)) {
         return;
     }
-    getSelection().setBaseAndExtent(saved.anchor, saved.anchorOffset, saved.focus,
-                                    saved.focusOffset);
+    getSelection().setBaseAndExtent(
+        saved.anchor, saved.anchorOffset, saved.focus, saved.focusOffset);
 }
 
 function selectRange(range) {
     control = null;
-    getSelection().setBaseAndExtent(range.startContainer, range.startOffset, range.endContainer,
-                                    range.endOffset);
+    getSelection().setBaseAndExtent(
+        range.startContainer, range.startOffset, range.endContainer, range.endOffset);
     selectionMoved();
 }
 
@@ -86,8 +116,9 @@ function isAroundControl() {
     const selection = getSelection();
     if (selection.rangeCount === 0) return false;
     const range = selection.getRangeAt(0);
-    return range.startContainer === control.parentNode && range.endContainer === control.parentNode &&
-        range.startOffset === indexOf(control) && range.endOffset === range.startOffset + 1;
+    return range.startContainer === control.parentNode &&
+        range.endContainer === control.parentNode && range.startOffset === indexOf(control) &&
+        range.endOffset === range.startOffset + 1;
 }
 
 function selectionMoved() {
@@ -101,8 +132,4 @@ document.addEventListener('selectionchange', () => {
     selectionMoved();
 });
 
-function selectAll() {
-    const range = document.createRange();
-    range.selectNodeContents(document.body);
-    selectRange(range);
-}
+const selectAll = () => selectRange(wholeRange(document.body));

@@ -2,6 +2,7 @@
 
 // The text of the document before anything of ours touches it.
 const base = documentHTML();
+isLong = base.length > kLongDocument;
 calls.base = () => base;
 // Null while the program has this version already.
 calls.html = (known) => {

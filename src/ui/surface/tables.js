@@ -40,9 +40,7 @@ class Grid {
         }
     }
 
-    at(row, column) {
-        return (this.places[row] && this.places[row][column]) || null;
-    }
+    at(row, column) { return (this.places[row] && this.places[row][column]) || null; }
 
     // The first cell of the row that begins there at the column or behind it.
     firstFrom(row, column) {
@@ -89,13 +87,13 @@ const cellAt = (node) => contextElement(node).closest('td,th');
 function selectedCells() {
     const range = currentRange();
     const first = cellAt(range.startContainer);
-    if (range.collapsed || (first && first.contains(range.endContainer))) return first ? [first] : [];
+    if (range.collapsed || (first && first.contains(range.endContainer)))
+        return first ? [first] : [];
     const around = contextElement(range.commonAncestorContainer);
     const table = around.closest('table') || around.querySelector('table');
     if (table === null) return [];
     const holds = (cell) => {
-        const inside = document.createRange();
-        inside.selectNodeContents(cell);
+        const inside = wholeRange(cell);
         return range.compareBoundaryPoints(Range.START_TO_END, inside) > 0 &&
             range.compareBoundaryPoints(Range.END_TO_START, inside) < 0;
     };
@@ -112,8 +110,7 @@ function newCell(like) {
 
 function caretInto(cell) {
     if (!cell) return;
-    const range = document.createRange();
-    range.selectNodeContents(cell);
+    const range = wholeRange(cell);
     range.collapse(true);
     selectRange(range);
 }
@@ -293,8 +290,8 @@ function elementWith(name, attributes) {
     const holder = document.implementation.createHTMLDocument('').createElement('template');
     holder.innerHTML = `<${name} ${attributes || ''}>`;
     const found = holder.content.firstElementChild;
-    return found && found.localName === name ? document.importNode(found, false)
-                                             : document.createElement(name);
+    return found && found.localName === name ? document.importNode(found, false) :
+                                               document.createElement(name);
 }
 
 function insertTable(wanted) {
@@ -331,6 +328,7 @@ defineForCells(5019, insertCell);
 defineForCells(5020, insertColumnCommand);
 defineForCells(5021, insertRowCommand);
 define(5022, canEditText, insertTable);
-define(5029, () => enabledIf(isEditing() && control === null && selectedCells().length > 1),
-       () => mergeCells(selectedCells()));
+define(
+    5029, () => enabledIf(isEditing() && control === null && selectedCells().length > 1),
+    () => mergeCells(selectedCells()));
 defineForCells(5047, splitCell);

@@ -5,10 +5,12 @@
 const kBlocks = new Set(
     ('ADDRESS ARTICLE ASIDE BLOCKQUOTE BODY CAPTION CENTER DD DETAILS DIR DIV DL DT FIELDSET ' +
      'FIGCAPTION FIGURE FOOTER FORM H1 H2 H3 H4 H5 H6 HEADER HR LEGEND LI LISTING MAIN MENU NAV ' +
-     'OL P PLAINTEXT PRE SECTION SUMMARY TABLE TBODY TD TFOOT TH THEAD TR UL XMP').split(' '));
-const kObjects = new Set(
-    ('APPLET AUDIO CANVAS EMBED HR IFRAME IMG INPUT MARQUEE OBJECT SELECT TEXTAREA VIDEO ' +
-     'SVG').split(' '));
+     'OL P PLAINTEXT PRE SECTION SUMMARY TABLE TBODY TD TFOOT TH THEAD TR UL XMP')
+        .split(' '));
+const kObjects =
+    new Set(('APPLET AUDIO CANVAS EMBED HR IFRAME IMG INPUT MARQUEE OBJECT SELECT TEXTAREA VIDEO ' +
+             'SVG')
+                .split(' '));
 const kUnseen = new Set(
     'AREA BASE COL COLGROUP HEAD LINK MAP META PARAM SCRIPT STYLE TEMPLATE TITLE'.split(' '));
 const kPreformatted = new Set(['PRE', 'XMP', 'LISTING', 'PLAINTEXT']);
@@ -30,7 +32,7 @@ const kEmpty = -2;
 
 class TextMap {
     constructor(body) {
-        this.marks = [];  // {start, length, node, offset}, in order
+        this.marks = [];         // {start, length, node, offset}, in order
         this.first = new Map();  // text node -> its first mark
         this.parts = [];
         this.length = 0;
