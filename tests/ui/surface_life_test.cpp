@@ -104,7 +104,7 @@ TEST_F(Life, EditsAfterSavingAreTakenFromTheSourceStill) {
 
 TEST_F(Life, AnEmptyDocumentShowsTheHint) {
     OpenBody("<p>one</p>");
-    surface.NewDocument();
+    surface.NewDocument("gone");
     EXPECT_FALSE(surface.Busy());
     EXPECT_EQ(surface.DocumentHTML(), "");
     EXPECT_EQ(surface.CurrentDocumentPath(), "");
