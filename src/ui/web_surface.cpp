@@ -411,7 +411,13 @@ void WebSurface::ShowOwnMenu(const QPoint& place) {
 // ---- How the page looks and behaves
 
 void WebSurface::ApplyLook() {
-    if (IsReady()) calls_->Post("view", {LookForPage()});
+    if (!IsReady()) return;
+    try {
+        // Waited for: the next click is for the page as it is then.
+        calls_->Call("view", {LookForPage()});
+    } catch (const RuntimeError&) {
+        // The next document is shown that way.
+    }
 }
 
 void WebSurface::SetBrowseMode(bool on) {

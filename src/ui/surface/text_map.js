@@ -224,7 +224,10 @@ class TextMap {
         let at = this.markAt(position);
         if (at < 0) return [document.body, 0];
         const previous = this.marks[at - 1];
+        const isOneText = previous && previous.node === this.marks[at].node;
         if (!isStart && this.marks[at].start === position && previous && previous.offset >= 0 &&
+            // Between the parts of one text lie blanks that are not shown.
+            !isOneText &&
             previous.start + previous.length === position) {
             --at;
         }
