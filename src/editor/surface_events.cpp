@@ -39,6 +39,8 @@ void DHTMLEdit1_DocumentComplete(MainForm& main) {
         default:
             break;
     }
+    // The event of a document that another one has replaced meanwhile: its own is to come.
+    if (main.DHTMLEdit1.Busy()) return;
     if (editor.DoRestoreSelection) {
         RestoreSelection(main);
         editor.DoRestoreSelection = false;

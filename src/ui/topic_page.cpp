@@ -28,8 +28,6 @@ TopicPage::TopicPage(QWebEngineProfile* profile, QObject* parent)
           Settings::NavigateOnDropEnabled}) {
         settings()->setAttribute(attribute, false);
     }
-    // Without this the engine takes no keys before the first click into the page.
-    settings()->setAttribute(Settings::FocusOnNavigationEnabled, true);
     settings()->setUnknownUrlSchemePolicy(Settings::DisallowUnknownUrlSchemes);
     connect(this, &QWebEnginePage::newWindowRequested, this,
             [this](QWebEngineNewWindowRequest& request) {

@@ -10,6 +10,7 @@
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineProfile>
 #include <QWebEngineScriptCollection>
+#include <QWebEngineSettings>
 #include <utility>
 
 #include "editor/preserve_source.hpp"
@@ -157,6 +158,7 @@ void WebSurface::LoadDocument(std::string_view path) {
     encoding_ = topic.encoding;
     path_ = path;
     is_set_ = false;
+    is_first_look_ = true;
     bookmark_ = std::exchange(next_bookmark_, {});
     Show();
 }
@@ -194,6 +196,10 @@ void WebSurface::StartLoad() {
     page_->scripts().clear();
     page_->scripts().insert(SurfaceScript(Setup()));
     stack_->setCurrentWidget(pane_);
+    // Without this the engine takes no keys before the first click into the page. It also sets the
+    // caret to the start, late, so a text that is shown anew for the same topic does without.
+    page_->settings()->setAttribute(QWebEngineSettings::FocusOnNavigationEnabled,
+                                    std::exchange(is_first_look_, false));
     page_->Show(shown);
 }
 
@@ -345,10 +351,16 @@ void WebSurface::NoteReady() {
 
 void WebSurface::EndLoad() {
     busy_ = false;
-    Events events;
-    events.complete = true;
-    events.display = true;
-    Raise(events);
+    // A view that gets the focus with its document sets the caret to the start a moment later; who
+    // wants it elsewhere has to come after that.
+    constexpr int kMoment = 100;
+    QTimer::singleShot(kMoment, this, [this, load = load_] {
+        if (load != load_) return;
+        Events events;
+        events.complete = true;
+        events.display = true;
+        Raise(events);
+    });
 }
 
 void WebSurface::NoteCrash() {

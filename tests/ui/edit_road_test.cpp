@@ -53,13 +53,16 @@ TEST_F(EditRoad, FromAClickToTheSavedFilesAndBack) {
     QTest::keyClicks(editor, "<!-- from the source -->");
     ClickTab(right_tab::kNormal);
     ASSERT_TRUE(TopicShows("typed second body"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !Main().editor.DoRestoreSelection; }, 20000));
+    QTest::keyClicks(run->surface.View()->focusProxy(), "it ");
+    ASSERT_TRUE(TopicShows("typed it second body")) << "the caret is where it was";
     ClickContents("End");
     ASSERT_TRUE(TopicShows("third body"));
     const std::string copy = "demo & more/html/second.htm.tmp.htm";
     EXPECT_TRUE(folder.Exists(copy));
     Find<QAction>("FileSave")->trigger();
     const std::string expected =
-        "<html><head><title>Apple</title></head>\r\n<body>typed second body</body></html>\r\n"
+        "<html><head><title>Apple</title></head>\r\n<body>typed it second body</body></html>\r\n"
         "<!-- from the source -->";
     EXPECT_EQ(folder.Read("demo & more/html/second.htm"), expected);
     EXPECT_EQ(folder.Read("demo & more/html/first.htm"), first);
@@ -68,7 +71,7 @@ TEST_F(EditRoad, FromAClickToTheSavedFilesAndBack) {
 
     OpenFirst();
     ClickContents("Inside");
-    EXPECT_TRUE(TopicShows("typed second body"));
+    EXPECT_TRUE(TopicShows("typed it second body"));
 }
 
 TEST_F(EditRoad, ClosingAsksAndAPreviewShowsTheEditedText) {
