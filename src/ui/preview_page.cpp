@@ -6,6 +6,7 @@
 #include <QWebEngineSettings>
 #include <QWebEngineView>
 
+#include "ui/topic_page.hpp"
 #include "ui/topic_scheme.hpp"
 
 namespace quorrel {
@@ -28,16 +29,7 @@ bool LeadsOut(const QUrl& url) {
 PreviewPage::PreviewPage(QWebEngineProfile* profile, QObject* parent)
     : QWebEnginePage(profile, parent) {
     using Settings = QWebEngineSettings;
-    for (const auto attribute :
-         {Settings::JavascriptCanOpenWindows, Settings::JavascriptCanAccessClipboard,
-          Settings::PluginsEnabled, Settings::PdfViewerEnabled,
-          Settings::LocalContentCanAccessRemoteUrls, Settings::LocalContentCanAccessFileUrls,
-          Settings::HyperlinkAuditingEnabled, Settings::DnsPrefetchEnabled,
-          Settings::FullScreenSupportEnabled, Settings::ScreenCaptureEnabled,
-          Settings::WebGLEnabled, Settings::AutoLoadIconsForPage, Settings::ErrorPageEnabled,
-          Settings::FocusOnNavigationEnabled, Settings::NavigateOnDropEnabled}) {
-        settings()->setAttribute(attribute, false);
-    }
+    Restrict(*settings());
     settings()->setAttribute(Settings::JavascriptEnabled, true);
     settings()->setAttribute(Settings::WebRTCPublicInterfacesOnly, true);
     settings()->setUnknownUrlSchemePolicy(Settings::DisallowUnknownUrlSchemes);

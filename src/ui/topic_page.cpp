@@ -14,21 +14,26 @@ void RequestFilter::interceptRequest(QWebEngineUrlRequestInfo& info) {
     if (scheme != kTopicScheme && scheme != "data") info.block(true);
 }
 
-TopicPage::TopicPage(QWebEngineProfile* profile, QObject* parent)
-    : QWebEnginePage(profile, parent) {
+void Restrict(QWebEngineSettings& settings) {
     using Settings = QWebEngineSettings;
     for (const auto attribute :
-         {Settings::JavascriptEnabled, Settings::JavascriptCanOpenWindows,
-          Settings::JavascriptCanAccessClipboard, Settings::PluginsEnabled,
-          Settings::PdfViewerEnabled, Settings::LocalStorageEnabled,
+         {Settings::JavascriptCanOpenWindows, Settings::JavascriptCanAccessClipboard,
+          Settings::PluginsEnabled, Settings::PdfViewerEnabled,
           Settings::LocalContentCanAccessRemoteUrls, Settings::LocalContentCanAccessFileUrls,
           Settings::HyperlinkAuditingEnabled, Settings::DnsPrefetchEnabled,
           Settings::FullScreenSupportEnabled, Settings::ScreenCaptureEnabled,
           Settings::WebGLEnabled, Settings::AutoLoadIconsForPage, Settings::ErrorPageEnabled,
-          Settings::NavigateOnDropEnabled}) {
-        settings()->setAttribute(attribute, false);
+          Settings::FocusOnNavigationEnabled, Settings::NavigateOnDropEnabled}) {
+        settings.setAttribute(attribute, false);
     }
-    settings()->setUnknownUrlSchemePolicy(Settings::DisallowUnknownUrlSchemes);
+}
+
+TopicPage::TopicPage(QWebEngineProfile* profile, QObject* parent)
+    : QWebEnginePage(profile, parent) {
+    Restrict(*settings());
+    settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
+    settings()->setAttribute(QWebEngineSettings::LocalStorageEnabled, false);
+    settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
     connect(this, &QWebEnginePage::newWindowRequested, this,
             [this](QWebEngineNewWindowRequest& request) {
                 if (request.isUserInitiated() && link_clicked) link_clicked(request.requestedUrl());

@@ -6,6 +6,8 @@
 
 #include <functional>
 
+class QWebEngineSettings;
+
 namespace quorrel {
 
 /// Lets nothing through but our own scheme and data inside the page.
@@ -15,6 +17,9 @@ class RequestFilter : public QWebEngineUrlRequestInterceptor {
     using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
     void interceptRequest(QWebEngineUrlRequestInfo& info) override;
 };
+
+/// Switches off what no page of a topic may do, whether its scripts run or not.
+void Restrict(QWebEngineSettings& settings);
 
 /// Shows what it is told to and goes nowhere by itself: a link is only reported.
 class TopicPage : public QWebEnginePage {
