@@ -4,6 +4,9 @@
 #include "app/form_settings.hpp"
 #include "app/menu_commands.hpp"
 #include "app/tool_bar.hpp"
+#include "contents/contents_tree.hpp"
+#include "contents/see_also.hpp"
+#include "contents/topic_keywords.hpp"
 #include "editor/formatting.hpp"
 #include "formats/htmlhelp/hhp.hpp"
 #include "project/open_project.hpp"
@@ -231,11 +234,11 @@ constexpr Command kKeys[] = {
 
 constexpr Command kTreePop[] = {
     {"popnewtopic", "&NewTopic...", kNotBuilt, "", "document-new", "Adds a new topic here."},
-    {"popnewbook", "New &Book/Folder (not linked to topic)...", kNotBuilt, "", "folder-new",
+    {"popnewbook", "New &Book/Folder (not linked to topic)...", popnewbook_Click, "", "folder-new",
      "Adds a book without a topic of its own."},
     {"popnewbooktopic", "N&ew Book/Folder Topic...", kNotBuilt, "", "address-book-new",
      "Adds a book with a topic of its own."},
-    {"pop1delete", "&Delete Item", kNotBuilt, "", "edit-delete",
+    {"pop1delete", "&Delete Item", pop1delete_Click, "", "edit-delete",
      "Takes the item out of the contents; the topic stays."},
     {"popproperties", "TOC &Organizer...", popproperties_Click, "", "document-properties",
      "Shows the page where the contents are organized."},
@@ -268,8 +271,8 @@ constexpr Command kListPop[] = {
 };
 
 constexpr Command kIndexPop[] = {
-    {"popidelete", "&Delete Entry", kNotBuilt, "", "edit-delete", "Deletes the keyword."},
-    {"popiaddseealso", "&Add See Also", kNotBuilt, "", "list-add",
+    {"popidelete", "&Delete Entry", popidelete_Click, "", "edit-delete", "Deletes the keyword."},
+    {"popiaddseealso", "&Add See Also", popiaddseealso_Click, "", "list-add",
      "Adds the keyword as a reference."},
 };
 
@@ -285,7 +288,7 @@ constexpr Menu kMenus[] = {
     {"help", "Help", MenuPlace::kBar, kHelp},
     {"Format", "&Style", MenuPlace::kSubmenu, kFormat, Format_Click},
     {"keys", "", MenuPlace::kKeys, kKeys},
-    {"mnutreepop", "pop", MenuPlace::kContext, kTreePop},
+    {"mnutreepop", "pop", MenuPlace::kContext, kTreePop, mnutreepop_Opening},
     {"mnutreedocpop", "pop_doc", MenuPlace::kContext, kTreeDocPop},
     {"mnulistpop", "pop2", MenuPlace::kContext, kListPop, mnulistpop_Opening},
     {"mnuindexpop", "popindex", MenuPlace::kContext, kIndexPop},
