@@ -6,6 +6,7 @@
 
 #include "app/main_form.hpp"
 #include "app/tool_bar.hpp"
+#include "documents/topic_report.hpp"
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
 #include "editor/selection.hpp"
@@ -74,6 +75,16 @@ void ShowPreview(MainForm& main) {
         is_current && Contains(editor.temp_path, ".") && main.files.FileExists(editor.temp_path);
     const std::string& shown = has_copy ? editor.temp_path : editor.main_path;
     if (Contains(shown, ".")) main.WebBrowser1.Navigate(shown);
+}
+
+void ShowReport(MainForm& main) {
+    if (main.project.proj.empty()) return;
+    main.window.ProgressReport.Visible = true;
+    main.screen.SetPointer(Pointer::kHourglass);
+    WriteReport(main);
+    main.WebBrowser1.Navigate(ReportPath(main));
+    main.screen.SetPointer(Pointer::kNormal);
+    main.window.ProgressReport.Visible = false;
 }
 
 /// The left side shows the topics and cannot be changed.
@@ -178,9 +189,7 @@ void ShowFirstTabs(MainForm& main) {
     TabStrip1_Click(main);
     ShowOutline(main, false);
     ShowPane(main, PaneOf(main.window.TabStrip2.SelectedIndex));
-    for (const char* name : {"ProgressReport", "picSplitter"}) {
-        main.window.Named(name).Visible = false;
-    }
+    main.window.ProgressReport.Visible = false;
 }
 
 void TabStrip2_Click(MainForm& main) {
@@ -208,7 +217,7 @@ void TabStrip2_Click(MainForm& main) {
         case right_tab::kPreview:
             return ShowPreview(main);
         case right_tab::kReport:
-            return NavigateToReport(main);
+            return ShowReport(main);
         default:
             return;
     }

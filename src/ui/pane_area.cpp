@@ -2,6 +2,7 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <QProgressBar>
 #include <QShortcut>
 
 #include <algorithm>
@@ -37,6 +38,7 @@ PaneArea::PaneArea(MainForm& main)
     setObjectName("PictureBackground");
     MakeTabs();
     MakeSplitter();
+    MakeProgress();
     Listen(main_.window.panes_changed, this, [this] { Apply(); });
 }
 
@@ -95,6 +97,25 @@ void PaneArea::Add(std::string_view name, QWidget* pane, PaneRect PaneLayout::*p
     const auto follow = [pane, &control] { pane->setVisible(control.Visible()); };
     follow();
     Listen(control.changed, pane, follow);
+}
+
+void PaneArea::MakeProgress() {
+    auto* bar = new QProgressBar(this);
+    bar->setObjectName("ProgressReport");
+    bar->setAccessibleName("Progress of the report");
+    bar->hide();
+    panes_.push_back({bar, &PaneLayout::ProgressReport});
+    ProgressBar& progress = main_.window.ProgressReport;
+    Listen(progress.changed, bar, [bar, &progress] {
+        const bool is_shown = progress.Visible();
+        if (is_shown && !bar->isVisible()) bar->raise();
+        bar->setVisible(is_shown);
+        const int percent = 100 * progress.Value() / std::max(1, progress.Max());
+        if (!is_shown || percent == bar->value()) return;
+        bar->setValue(percent);
+        // The work that it tells of leaves no time to the event loop.
+        bar->repaint();
+    });
 }
 
 void PaneArea::AddExternalEditorLabel() {
