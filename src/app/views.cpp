@@ -152,7 +152,7 @@ void TabStrip1_Click(MainForm& main) {
     window.Named("Tree1").Visible = tab == left_tab::kContents;
     window.Named("ListTopics").Visible = tab == left_tab::kTopics;
     window.Named("ListKeywords").Visible = tab == left_tab::kIndex;
-    window.Named("CommandAddFromIndex").Enabled = tab == left_tab::kIndex;
+    window.CommandAddFromIndex.Enabled = tab == left_tab::kIndex;
 }
 
 void ArrangeContentsView(MainForm& main) {
@@ -209,7 +209,7 @@ void TabStrip2_Click(MainForm& main) {
             return main.DHTMLEdit1.SetFocus();
         case right_tab::kProperties:
             LoadTopicProperties(main);
-            main.window.Named("CommandAddFromIndex").Enabled =
+            main.window.CommandAddFromIndex.Enabled =
                 main.window.TabStrip1.SelectedIndex() == left_tab::kIndex;
             return;
         case right_tab::kSource:
