@@ -127,6 +127,11 @@ void FillFixedLists(MainForm& main) {
          {"Normal", "Heading 1", "Heading 2", "Heading 3", "Heading 4", "Heading 5", "Heading 6"}) {
         window.ComboStyle.AddItem(style);
     }
+    // The status file stores the places in this list.
+    for (const char* status : {"Not Specified", "Outline", "First Draft", "In Review", "Final"}) {
+        window.ComboStatus.AddItem(status);
+    }
+    window.ComboStatus.ListIndex = 0;
     for (ComboBox* box : {&window.FontCombo, &window.FontSizeCombo, &window.ComboStyle}) {
         box->ListIndex = 0;
     }

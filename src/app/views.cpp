@@ -9,6 +9,7 @@
 #include "contents/contents_item_panel.hpp"
 #include "contents/contents_tree.hpp"
 #include "contents/topic_keywords.hpp"
+#include "documents/topic_report.hpp"
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
 #include "editor/selection.hpp"
@@ -77,6 +78,16 @@ void ShowPreview(MainForm& main) {
         is_current && Contains(editor.temp_path, ".") && main.files.FileExists(editor.temp_path);
     const std::string& shown = has_copy ? editor.temp_path : editor.main_path;
     if (Contains(shown, ".")) main.WebBrowser1.Navigate(shown);
+}
+
+void ShowReport(MainForm& main) {
+    if (main.project.proj.empty()) return;
+    main.window.ProgressReport.Visible = true;
+    main.screen.SetPointer(Pointer::kHourglass);
+    WriteReport(main);
+    main.WebBrowser1.Navigate(ReportPath(main));
+    main.screen.SetPointer(Pointer::kNormal);
+    main.window.ProgressReport.Visible = false;
 }
 
 /// The left side shows the topics and cannot be changed.
@@ -181,9 +192,7 @@ void ShowFirstTabs(MainForm& main) {
     TabStrip1_Click(main);
     ShowOutline(main, false);
     ShowPane(main, PaneOf(main.window.TabStrip2.SelectedIndex));
-    for (const char* name : {"ProgressReport", "picSplitter"}) {
-        main.window.Named(name).Visible = false;
-    }
+    main.window.ProgressReport.Visible = false;
 }
 
 void TabStrip2_Click(MainForm& main) {
@@ -214,7 +223,7 @@ void TabStrip2_Click(MainForm& main) {
         case right_tab::kOrganizeTOC:
             return LoadTOCProperties(main);
         case right_tab::kReport:
-            return NavigateToReport(main);
+            return ShowReport(main);
         default:
             return;
     }

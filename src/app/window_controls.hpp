@@ -25,6 +25,7 @@ struct WindowControls {
     TabStrip TabStrip2{{"Normal", "Topic Properties", "HTML Source", "Preview/Test", "Organize TOC",
                         "Topic Report", "Document Wizard"}};
     StatusBar StatusBar1;
+    ProgressBar ProgressReport;
     ComboBox FontCombo, FontSizeCombo, ComboStyle;
     ComboBox ComboIcon;  // "Default" and the pictures that a contents entry can have
     ComboBox ComboStatus;

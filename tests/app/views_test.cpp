@@ -12,7 +12,7 @@ class Views : public RecordingFixture {
         std::string names;
         for (const char* name :
              {"Tree1", "ListTopics", "ListKeywords", "DHTMLEdit1", "PictureProperties", "Source1",
-              "WebBrowser1", "PictureTOCEdit", "TreeDoc", "PictureDocEdit", "ProgressReport"}) {
+              "WebBrowser1", "PictureTOCEdit", "TreeDoc", "PictureDocEdit"}) {
             if (main.window.Named(name).Visible) names.append(name).append(" ");
         }
         return names;
