@@ -200,6 +200,7 @@ void TabStrip2_Click(MainForm& main) {
     if (main.editor.TopicPropDirty) SaveTopicProperties(main);
     WaitForSurface(main);
     UpdateToolbars(main);
+    main.contents.Tree1.SetDropHighlight(nullptr);
     LeaveSourceView(main);
     const int tab = main.window.TabStrip2.SelectedIndex();
     if (tab == right_tab::kNormal || tab == right_tab::kProperties) {
