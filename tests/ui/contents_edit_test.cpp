@@ -156,7 +156,7 @@ TEST_F(ContentsEditing, ThePanelEditsTheSelectedNode) {
     auto* text = Find<QLineEdit>("EditTOCText");
     auto* location = Find<QLineEdit>("EditTOCLocation");
     EXPECT_EQ(text->text(), "End");
-    EXPECT_EQ(location->text().toLower(), "html\\third.htm");
+    EXPECT_EQ(location->text().toLower(), "html/third.htm");
     EXPECT_TRUE(Find<QLineEdit>("EditFrame")->isVisible());
     text->selectAll();
     QTest::keyClicks(text, "Last");
