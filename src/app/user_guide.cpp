@@ -31,7 +31,8 @@ void ReadUserGuide(MainForm& main, UserGuide& guide) {
     const std::string project = folder + "\\guide.hhp";
     TextFiles& texts = main.machine_texts;
     const Trap trap(main.log, "ReadUserGuide: ");
-    const auto no_title = [](const std::string&) { return std::nullopt; };
+    // The contents have the titles; a topic file is not opened before it is shown.
+    const auto no_title = [](const std::string&) { return std::string(); };
     ListView& topics = guide.topics.ListTopics;
     ReadFileList(texts.Read(project), folder, topics, no_title, trap);
     ReadAliases(texts.Read(folder + "\\guide.ali"), project, topics);
