@@ -284,7 +284,7 @@ constexpr Menu kMenus[] = {
     {"insert", "&Insert", MenuPlace::kBar, kInsert, insert_Click},
     {"FormatMain", "F&ormat", MenuPlace::kBar, kFormatMain, FormatMain_Click},
     {"table", "T&able", MenuPlace::kBar, kTable, table_Click},
-    {"D2D", "&2D", MenuPlace::kBar, kPosition, D2D_Click},
+    {"D2D", "2&D", MenuPlace::kBar, kPosition, D2D_Click},
     {"tools", "&Tools", MenuPlace::kBar, kTools},
     {"help", "Help", MenuPlace::kBar, kHelp},
     {"Format", "&Style", MenuPlace::kSubmenu, kFormat, Format_Click},

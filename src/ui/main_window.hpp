@@ -5,8 +5,7 @@
 
 #include "ui/window_settings.hpp"
 
-class QSplitter;
-class QTabWidget;
+class QAbstractItemView;
 
 namespace quorrel {
 
@@ -15,6 +14,7 @@ class ContentsPane;
 class ElidedLabel;
 class IndexPane;
 struct MainForm;
+class PaneArea;
 class TopicsPane;
 class WebSurface;
 
@@ -33,10 +33,10 @@ class MainWindow : public QMainWindow {
     void changeEvent(QEvent* event) override;
 
   private:
-    void MakeLeftSide();
+    void MakePanes(QWidget* source, QWidget* preview);
+    void MakeContextMenu(QAbstractItemView* view, const char* menu);
     void MakeStatusBar();
     void FollowWindow();
-    void FollowTabs();
     void FollowStatus();
     void ShowFirstTime();
     void Remember();
@@ -46,8 +46,7 @@ class MainWindow : public QMainWindow {
     WebSurface& surface_;
     WindowSettings settings_;
     CommandBars* bars_ = nullptr;
-    QSplitter* splitter_;
-    QTabWidget* tabs_;
+    PaneArea* area_;
     ContentsPane* contents_;
     TopicsPane* topics_;
     IndexPane* index_;

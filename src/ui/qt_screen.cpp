@@ -121,6 +121,16 @@ void QtScreen::ShowModal(Form& form) {
     form.Unload();
 }
 
+void QtScreen::Show(std::unique_ptr<Form> form) {
+    QWidget* parent = ParentForDialog();
+    const QString name = ToQt(form->Name());
+    if (auto* shown = parent == nullptr ? nullptr : parent->findChild<QWidget*>(name)) {
+        shown->raise();
+        return shown->activateWindow();
+    }
+    qFatal("no view for %s", name.toUtf8().constData());
+}
+
 MessageAnswer QtScreen::ShowMessage(const Message& message) {
     const NormalPointer pointer(hourglasses_);
     QMessageBox box(ParentForDialog());

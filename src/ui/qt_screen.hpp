@@ -3,6 +3,8 @@
 
 #include <QWidget>
 
+#include <memory>
+
 #include "platform/file_system.hpp"
 #include "platform/screen.hpp"
 
@@ -13,6 +15,7 @@ class QtScreen : public Screen {
     explicit QtScreen(FileSystem& files) : files_(files) {}
 
     void ShowModal(Form& form) override;
+    void Show(std::unique_ptr<Form> form) override;
     MessageAnswer ShowMessage(const Message& message) override;
     std::string ChooseFile(const FileDialog& dialog) override;
     void SetPointer(Pointer pointer) override;

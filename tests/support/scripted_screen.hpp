@@ -5,6 +5,7 @@
 
 #include <deque>
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,6 +33,10 @@ class ScriptedScreen : public Screen {
     [[nodiscard]] const std::vector<std::string>& ShownForms() const { return shown_; }
     [[nodiscard]] const FileDialog& LastFileDialog() const { return last_dialog_; }
 
+    void Show(std::unique_ptr<Form> form) override {
+        ShowModal(*form);
+        beside_.push_back(std::move(form));
+    }
     void ShowModal(Form& form) override {
         shown_.emplace_back(form.Name());
         if (forms_.empty() || forms_.front().first != form.Name()) {
@@ -73,6 +78,7 @@ class ScriptedScreen : public Screen {
     std::deque<std::string> files_;
     std::deque<std::pair<std::string, std::function<void(Form&)>>> forms_;
     std::vector<std::string> shown_;
+    std::vector<std::unique_ptr<Form>> beside_;
     FileDialog last_dialog_;
 };
 

@@ -1,4 +1,4 @@
-// The tab strip and the status bar: rows of captions.
+// The tab strip and the status bar, which are rows of captions, and the progress bar.
 #pragma once
 
 #include <array>
@@ -42,6 +42,13 @@ class StatusBar : public Control {
 
   private:
     std::array<std::string, 2> panels_;
+};
+
+/// How far a long work has come.
+class ProgressBar : public Control {
+  public:
+    Property<int> Max{changed, 100};
+    Property<int> Value{changed};
 };
 
 }  // namespace quorrel
