@@ -117,7 +117,8 @@ constexpr Command kInsert[] = {
     {"InsertButton", "B&utton", InsertButton_Click, "", "insert-button", "Inserts a button."},
     {"InsertHTML", "&HTML Code...", kNotBuilt, "", "code-context", "Inserts HTML as you type it."},
     {"insertsep1", kSeparator},
-    {"Topic", "&New Topic", FileNew_Click, "F2", "document-new", "Adds a new topic to the project."},
+    {"Topic", "&New Topic", FileNew_Click, "F2", "document-new",
+     "Adds a new topic to the project."},
 };
 
 constexpr Command kFormatMain[] = {
@@ -202,7 +203,8 @@ constexpr Command kPosition[] = {
 constexpr Command kTools[] = {
     {"mnuqrsettings", "Quorrel &Settings...", mnuqrsettings_Click, "", "configure",
      "Sets up the program."},
-    {"projopt", "Project Options...", projopt_Click, "", "configure_project", "Sets up the project."},
+    {"projopt", "Project Options...", projopt_Click, "", "configure_project",
+     "Sets up the project."},
     {"runhelpworkshop", "&HTML Help Workshop", kNotBuilt, "", "system-run",
      "Opens the project in HTML Help Workshop."},
     {"editcssfile", "Edit &Style Sheet File...", editcssfile_Click, "", "document-edit",
@@ -234,7 +236,8 @@ constexpr Command kKeys[] = {
 };
 
 constexpr Command kTreePop[] = {
-    {"popnewtopic", "&NewTopic...", popnewtopic_Click, "", "document-new", "Adds a new topic here."},
+    {"popnewtopic", "&NewTopic...", popnewtopic_Click, "", "document-new",
+     "Adds a new topic here."},
     {"popnewbook", "New &Book/Folder (not linked to topic)...", kNotBuilt, "", "folder-new",
      "Adds a book without a topic of its own."},
     {"popnewbooktopic", "N&ew Book/Folder Topic...", popnewbooktopic_Click, "", "address-book-new",

@@ -5,6 +5,10 @@
 
 namespace quorrel {
 
+std::string InnerPath(const FileSystem& files, std::string_view native) {
+    return native.starts_with('/') ? files.WindowsPath(native) : ReplaceAll(native, "/", "\\");
+}
+
 void MakeFolder(FileSystem& files, std::string_view path) {
     std::vector<std::string_view> missing;
     for (; !path.empty() && !files.FolderExists(path); path = BeforeLast(path, '\\', {})) {

@@ -63,6 +63,9 @@ class FileSystem {
     [[nodiscard]] virtual std::string WindowsPath(std::string_view native) const = 0;
 };
 
+/// The inner form of a native path; a relative one stays relative.
+[[nodiscard]] std::string InnerPath(const FileSystem& files, std::string_view native);
+
 /// Makes a folder together with those above it that are missing; one that exists is left alone.
 /// Raises as FileSystem::CreateFolder.
 void MakeFolder(FileSystem& files, std::string_view path);

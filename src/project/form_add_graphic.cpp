@@ -30,6 +30,14 @@ void FormAddGraphic::Refuse(std::string_view text, const Control& control) {
     control.SetFocus();
 }
 
+std::string FormAddGraphic::NativePath(std::string_view path) const {
+    return main_.files.NativePath(path);
+}
+
+std::string FormAddGraphic::WindowsPath(std::string_view native) const {
+    return InnerPath(main_.files, native);
+}
+
 void FormAddGraphic::OKButton_Click() {
     const std::string& path = EditPath.Text;
     const std::string& map_id = EditMapID.Text;

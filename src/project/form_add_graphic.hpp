@@ -28,6 +28,10 @@ class FormAddGraphic : public Form {
     void OKButton_Click();
     void CancelButton_Click() { closed = true; }
 
+    /// The path as the user of this system writes it, and back; a relative one stays relative.
+    [[nodiscard]] std::string NativePath(std::string_view path) const;
+    [[nodiscard]] std::string WindowsPath(std::string_view native) const;
+
   private:
     void Refuse(std::string_view text, const Control& control);
 

@@ -23,9 +23,8 @@ FormCreateProject::FormCreateProject(MainForm& main) : main_(main) {
 void FormCreateProject::Command1_Click() {
     FileDialog dialog;
     dialog.title = "Create Project";
-    dialog.filter = main_.settings.is_javahelp_edition
-                        ? "JavaHelp HelpSet Files (*.hs)|*.hs"
-                        : "HTML Help Project Files (*.hhp)|*.hhp";
+    dialog.filter = main_.settings.is_javahelp_edition ? "JavaHelp HelpSet Files (*.hs)|*.hs"
+                                                       : "HTML Help Project Files (*.hhp)|*.hhp";
     dialog.folder = main_.settings.main_dir + "projects";
     dialog.save = true;
     dialog.asks_to_overwrite = false;  // OKButton_Click does
@@ -37,9 +36,9 @@ void FormCreateProject::Command1_Click() {
 
 bool FormCreateProject::MayReplace() {
     if (!main_.files.FileExists(EditProject.Text())) return true;
-    return main_.screen.ShowMessage(
-               {"A project with this name aleady exists. Overwrite it?", main_.settings.APP_NAME,
-                MessageButtons::kYesNoCancel, MessageIcon::kExclamation, MessageAnswer::kNo}) ==
+    return main_.screen.ShowMessage({"A project with this name aleady exists. Overwrite it?",
+                                     main_.settings.APP_NAME, MessageButtons::kYesNoCancel,
+                                     MessageIcon::kExclamation, MessageAnswer::kNo}) ==
            MessageAnswer::kYes;
 }
 

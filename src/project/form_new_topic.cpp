@@ -147,9 +147,9 @@ void FormNewTopic::BecomeTemplate() {
     SetFolder(main_.settings.Template_Dir);
     EditTitle.Text = std::string(kTitleMark);
     EditTitle.Enabled = false;
-    for (Control* control : std::initializer_list<Control*>{
-             &LabelAlias, &LabelTip, &ComboPrefix, &EditAlias, &LabelInteger, &EditInteger,
-             &Command2}) {
+    for (Control* control :
+         std::initializer_list<Control*>{&LabelAlias, &LabelTip, &ComboPrefix, &EditAlias,
+                                         &LabelInteger, &EditInteger, &Command2}) {
         control->Visible = false;
     }
     Height = kTemplateHeight;
@@ -249,9 +249,8 @@ std::string FormNewTopic::CheckTopic() {
     SetProj(main_, kSettings, "last_path", project.last_file_path);
     // Without the prefix, with which the identifier will go into the table.
     if (FindAlias(main_.topics.ListTopics, EditAlias.Text()) > 0) {
-        Refuse(
-            "A topic with this MapID already exists in the project. Please choose another MapID",
-            EditAlias);
+        Refuse("A topic with this MapID already exists in the project. Please choose another MapID",
+               EditAlias);
         return {};
     }
     return path;

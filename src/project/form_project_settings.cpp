@@ -219,8 +219,7 @@ std::string FormProjectSettings::NativePath(std::string_view path) const {
 }
 
 std::string FormProjectSettings::WindowsPath(std::string_view native) const {
-    const bool is_full = native.starts_with('/') || Contains(native, ":");
-    return is_full ? main_.files.WindowsPath(native) : ReplaceAll(native, "/", "\\");
+    return InnerPath(main_.files, native);
 }
 
 void projopt_Click(MainForm& main) {

@@ -47,11 +47,11 @@ class FormProjectSettings : public Form {
     TextBox EditViewerPath;
     Control LabelIndexer, LabelJAR;
     TextBox EditIndexerpath, EditJARPath;
-    Control Command2, Command3;  // choose the indexer and the archiver
+    Control Command1, Command2, Command3;  // choose the three files
 
     // Project Images/Icons
     ListView ListAliases{2};
-    Control Command6;  // "Delete"
+    Control Command5, Command6;  // "Add...", "Delete"
 
     void Command1_Click() { ChooseTool(EditViewerPath); }
     void Command2_Click() { ChooseTool(EditIndexerpath); }

@@ -7,7 +7,8 @@
 namespace quorrel {
 namespace {
 
-constexpr std::string_view kPlainTopic = "<HTML><TITLE>[TITLE]</TITLE><BODY>[TITLE]<P></BODY></HTML>";
+constexpr std::string_view kPlainTopic =
+    "<HTML><TITLE>[TITLE]</TITLE><BODY>[TITLE]<P></BODY></HTML>";
 
 /// The bytes of the template; those of a plain page where there is none.
 std::string TemplateBytes(MainForm& main, const std::string& path) {

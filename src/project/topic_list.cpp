@@ -14,8 +14,8 @@ namespace quorrel {
 
 void mnulistpop_Opening(MainForm& main) {
     const bool has_rows = main.topics.ListTopics.Count() > 0;
-    for (const std::string_view name : {"poplstopen", "poplstproperties", "poplstremove",
-                                        "poplstdelete", "popcopyinteger"}) {
+    for (const std::string_view name :
+         {"poplstopen", "poplstproperties", "poplstremove", "poplstdelete", "popcopyinteger"}) {
         SetEnabled(main, name, has_rows);
     }
     SetEnabled(main, "poplstnewtopic", !main.project.proj.empty());
