@@ -7,6 +7,7 @@
 
 #include "platform/screen.hpp"
 
+class QAbstractButton;
 class QPushButton;
 
 namespace quorrel {

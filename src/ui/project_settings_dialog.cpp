@@ -9,6 +9,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "project/project_state.hpp"
 #include "ui/listen.hpp"
 #include "ui/qt_text.hpp"
 #include "ui/report_list.hpp"

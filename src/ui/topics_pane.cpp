@@ -45,11 +45,11 @@ void TopicsPane::DragRow() {
     const ListRow* row = table.SelectedItem();
     if (row == nullptr) return;
     ListTopics_DragStart(main_);
-    auto* data = new QMimeData;
-    data->setData(kTopicRowMime, QByteArray::number(table.PositionOf(*row)));
-    data->setText(ToQt(row->Text()));
+    auto* topic = new QMimeData;
+    topic->setData(kTopicRowMime, QByteArray::number(table.PositionOf(*row)));
+    topic->setText(ToQt(row->Text()));
     auto* drag = new QDrag(this);
-    drag->setMimeData(data);
+    drag->setMimeData(topic);
     drag->setPixmap(QIcon(":/quorrel/icons/page.svg").pixmap(QSize(16, 16), devicePixelRatioF()));
     drag->exec(Qt::CopyAction);
     ListTopics_DragEnd(main_);
