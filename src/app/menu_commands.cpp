@@ -12,7 +12,6 @@
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
 #include "platform/text.hpp"
-#include "project/open_topic.hpp"
 #include "project/topic_title.hpp"
 
 namespace quorrel {
@@ -150,14 +149,6 @@ void D2D_Click(MainForm& main) {
         StatusOf(main, surface_command::DECMD_LOCK_ELEMENT) == command_status::kLatched;
 }
 
-void mnulistpop_Opening(MainForm& main) {
-    const bool has_row = main.topics.ListTopics.SelectedItem() != nullptr;
-    for (const std::string_view name :
-         {"poplstopen", "poplstproperties", "poplstremove", "poplstdelete"}) {
-        SetEnabled(main, name, has_row);
-    }
-}
-
 void fileopen_Click(MainForm& main) {
     FileDialog dialog;
     dialog.title = "Open HTML File";
@@ -242,17 +233,6 @@ void preview_kb_Click(MainForm& main) {
 
 void popproperties_Click(MainForm& main) {
     main.window.TabStrip2.SelectedIndex = right_tab::kOrganizeTOC;
-}
-
-void poplstopen_Click(MainForm& main) {
-    const ListRow* row = main.topics.ListTopics.SelectedItem();
-    if (row != nullptr) OpenTopicRow(main, *row);
-}
-
-void poplstproperties_Click(MainForm& main) {
-    poplstopen_Click(main);
-    WaitForSurface(main);
-    main.window.TabStrip2.SelectedIndex = right_tab::kProperties;
 }
 
 void expandpane_Click(MainForm& main) {
