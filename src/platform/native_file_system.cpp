@@ -259,6 +259,32 @@ bool NativeFileSystem::FolderExists(std::string_view path) {
     return IsFolder(Resolve(path));
 }
 
+std::vector<std::string> NativeFileSystem::NamesIn(std::string_view folder, bool of_folders) {
+    std::vector<std::string> names;
+    if (IsNoPath(folder)) return names;
+    const std::string native = Resolve(folder);
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(native.c_str()), &closedir);
+    while (const dirent* entry = entries == nullptr ? nullptr : readdir(entries.get())) {
+        const std::string_view name = entry->d_name;
+        if (name == "." || name == "..") continue;
+        const auto status = StatOf(native + "/" + std::string(name));
+        if (status && S_ISDIR(status->st_mode) == of_folders) names.push_back(TextOfName(name));
+    }
+    std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+        const int order = CompareIgnoringCase(a, b);
+        return order != 0 ? order < 0 : a < b;
+    });
+    return names;
+}
+
+std::vector<std::string> NativeFileSystem::FileNames(std::string_view folder) {
+    return NamesIn(folder, false);
+}
+
+std::vector<std::string> NativeFileSystem::FolderNames(std::string_view folder) {
+    return NamesIn(folder, true);
+}
+
 void NativeFileSystem::CreateFolder(std::string_view path) {
     const std::string native = Resolve(path);
     if (mkdir(native.c_str(), 0777) == 0) return;

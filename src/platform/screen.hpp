@@ -40,6 +40,8 @@ struct FileDialog {
     std::string filter;
     std::string folder;  // where to begin; a Windows path, may be empty
     bool save = false;   // for a new file, otherwise the file must exist
+    // Whether the dialog itself asks before it gives a file that exists, for saving.
+    bool asks_to_overwrite = true;
 };
 
 enum class Pointer { kNormal, kHourglass };

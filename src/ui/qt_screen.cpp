@@ -14,8 +14,18 @@
 #include "app/form_settings.hpp"
 #include "app/form_splash.hpp"
 #include "app/form_startup.hpp"
+#include "project/form_add_graphic.hpp"
+#include "project/form_create_project.hpp"
+#include "project/form_new_folder.hpp"
+#include "project/form_new_topic.hpp"
+#include "project/form_project_settings.hpp"
+#include "ui/add_graphic_dialog.hpp"
+#include "ui/create_project_dialog.hpp"
 #include "ui/error_log_dialog.hpp"
 #include "ui/file_filter.hpp"
+#include "ui/new_folder_dialog.hpp"
+#include "ui/new_topic_dialog.hpp"
+#include "ui/project_settings_dialog.hpp"
 #include "ui/qt_text.hpp"
 #include "ui/see_also_dialog.hpp"
 #include "ui/settings_dialog.hpp"
@@ -115,6 +125,16 @@ void QtScreen::ShowModal(Form& form) {
             SettingsDialog(static_cast<FormSettings&>(form), parent).exec();
         } else if (form.Name() == "FormErrorLog") {
             ErrorLogDialog(static_cast<FormErrorLog&>(form), parent).exec();
+        } else if (form.Name() == "FormNewTopic") {
+            NewTopicDialog(static_cast<FormNewTopic&>(form), parent).exec();
+        } else if (form.Name() == "FormNewFolder") {
+            NewFolderDialog(static_cast<FormNewFolder&>(form), parent).exec();
+        } else if (form.Name() == "FormCreateProject") {
+            CreateProjectDialog(static_cast<FormCreateProject&>(form), parent).exec();
+        } else if (form.Name() == "FormProjectSettings") {
+            ProjectSettingsDialog(static_cast<FormProjectSettings&>(form), parent).exec();
+        } else if (form.Name() == "FormAddGraphic") {
+            AddGraphicDialog(static_cast<FormAddGraphic&>(form), parent).exec();
         } else {
             qFatal("no view for %s", std::string(form.Name()).c_str());
         }
@@ -172,6 +192,8 @@ std::string QtScreen::ChooseFile(const FileDialog& dialog) {
     box.setOption(QFileDialog::HideNameFilterDetails);
     box.setFileMode(dialog.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     box.setAcceptMode(dialog.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    box.setOption(QFileDialog::DontConfirmOverwrite, !dialog.asks_to_overwrite);
+    if (dialog.save) box.setDefaultSuffix(FirstEnding(dialog.filter));
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return {};
     const QString chosen = box.selectedFiles().constFirst();
     WindowSettings().SetText(kLastFolder, QFileInfo(chosen).absolutePath());

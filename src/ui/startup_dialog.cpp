@@ -61,10 +61,11 @@ QLayout* StartupDialog::MakeNewProject() {
     button->setObjectName("Command1");
     button->setIcon(QIcon(":/quorrel/icons/new_project.svg"));
     button->setIconSize(QSize(48, 48));
-    button->setText("New Project");
+    button->setText("&New Project");
     button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     button->setAccessibleName("New project");
-    button->setToolTip("Creating projects is not available yet");
+    connect(button, &QToolButton::clicked, this,
+            [this] { Run([this] { form_.Command1_Click(); }); });
     FollowControl(button, form_.Command1);
     auto* column = new QVBoxLayout;
     column->addWidget(button);

@@ -1,9 +1,15 @@
 #include "ui/topics_pane.hpp"
 
+#include <QApplication>
+#include <QDrag>
 #include <QHeaderView>
+#include <QMimeData>
+#include <QMouseEvent>
 
 #include "app/main_form.hpp"
 #include "project/open_topic.hpp"
+#include "project/topic_list.hpp"
+#include "ui/qt_text.hpp"
 #include "ui/window_settings.hpp"
 
 namespace quorrel {
@@ -17,6 +23,36 @@ TopicsPane::TopicsPane(MainForm& main, QWidget* parent)
     connect(header(), &QHeaderView::sectionClicked, this, &TopicsPane::SortBySection);
     connect(&Rows(), &ListViewModel::Filled, this, &TopicsPane::ShowSortColumn);
     row_opened = [this](ListRow& row) { OpenTopicRow(main_, row); };
+    connect(this, &QAbstractItemView::clicked, this, [this] { ListTopics_Click(main_); });
+}
+
+void TopicsPane::mousePressEvent(QMouseEvent* event) {
+    pressed_ = event->pos();
+    ReportList::mousePressEvent(event);
+    row_is_pressed_ = event->button() == Qt::LeftButton && indexAt(pressed_).isValid();
+}
+
+void TopicsPane::mouseMoveEvent(QMouseEvent* event) {
+    const bool is_drag = row_is_pressed_ && event->buttons().testFlag(Qt::LeftButton);
+    if (!is_drag) return ReportList::mouseMoveEvent(event);
+    const int way = (event->pos() - pressed_).manhattanLength();
+    if (way >= QApplication::startDragDistance()) DragRow();
+}
+
+void TopicsPane::DragRow() {
+    row_is_pressed_ = false;
+    const ListView& table = main_.topics.ListTopics;
+    const ListRow* row = table.SelectedItem();
+    if (row == nullptr) return;
+    ListTopics_DragStart(main_);
+    auto* topic = new QMimeData;
+    topic->setData(kTopicRowMime, QByteArray::number(table.PositionOf(*row)));
+    topic->setText(ToQt(row->Text()));
+    auto* drag = new QDrag(this);
+    drag->setMimeData(topic);
+    drag->setPixmap(QIcon(":/quorrel/icons/page.svg").pixmap(QSize(16, 16), devicePixelRatioF()));
+    drag->exec(Qt::CopyAction);
+    ListTopics_DragEnd(main_);
 }
 
 QString TopicsPane::SettingsName() const {

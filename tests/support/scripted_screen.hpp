@@ -33,6 +33,8 @@ class ScriptedScreen : public Screen {
     [[nodiscard]] const std::vector<std::string>& ShownForms() const { return shown_; }
     [[nodiscard]] const FileDialog& LastFileDialog() const { return last_dialog_; }
 
+    std::string clipboard;
+
     void Show(std::unique_ptr<Form> form) override {
         ShowModal(*form);
         beside_.push_back(std::move(form));
@@ -71,7 +73,7 @@ class ScriptedScreen : public Screen {
     void SetPointer(Pointer) override {}
     void DoEvents() override {}
     void Beep() override {}
-    void SetClipboardText(std::string_view) override {}
+    void SetClipboardText(std::string_view text) override { clipboard = text; }
 
   private:
     std::deque<std::pair<std::string, MessageAnswer>> answers_;
