@@ -119,8 +119,10 @@ QLabel* MakeLabel(const QString& caption, QWidget* buddy) {
     return label;
 }
 
-QLabel* MakeLabel(const char* name, Control& control, QWidget* buddy) {
-    QLabel* label = MakeLabel("&" + WithoutMnemonics(ToQt(control.Caption())) + ":", buddy);
+QLabel* MakeLabel(const char* name, Control& control, QWidget* buddy, char key) {
+    QString caption = WithoutMnemonics(ToQt(control.Caption()));
+    caption.insert(qMax<qsizetype>(0, caption.indexOf(QLatin1Char(key))), '&');
+    QLabel* label = MakeLabel(caption + ":", buddy);
     label->setObjectName(name);
     FollowControl(label, control);
     return label;
