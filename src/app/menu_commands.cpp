@@ -6,6 +6,7 @@
 #include "app/commands.hpp"
 #include "app/main_form.hpp"
 #include "app/tool_bar.hpp"
+#include "app/views.hpp"
 #include "editor/format_commands.hpp"
 #include "editor/formatting.hpp"
 #include "editor/load_file.hpp"
@@ -222,6 +223,12 @@ void CheckForUpdates(MainForm& main, std::string_view address) {
 
 void AboutQuorrelEdit_Click(MainForm& main) {
     if (main.window.show_about) main.window.show_about();
+}
+
+void preview_kb_Click(MainForm& main) {
+    TabStrip& tabs = main.window.TabStrip2;
+    if (tabs.SelectedIndex() == right_tab::kPreview) return TabStrip2_Click(main);
+    tabs.SelectedIndex = right_tab::kPreview;
 }
 
 void popproperties_Click(MainForm& main) {

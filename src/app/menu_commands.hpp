@@ -32,6 +32,9 @@ void checkforupdates_Click(MainForm& main);
 void CheckForUpdates(MainForm& main, std::string_view address);
 void AboutQuorrelEdit_Click(MainForm& main);
 
+/// Goes to the preview; from there it shows the topic anew.
+void preview_kb_Click(MainForm& main);
+
 // Context menus of the lists.
 void popproperties_Click(MainForm& main);
 void expandpane_Click(MainForm& main);

@@ -4,6 +4,7 @@
 #include "app/form_settings.hpp"
 #include "app/menu_commands.hpp"
 #include "app/tool_bar.hpp"
+#include "app/user_guide.hpp"
 #include "editor/formatting.hpp"
 #include "formats/htmlhelp/hhp.hpp"
 #include "project/form_create_project.hpp"
@@ -219,7 +220,7 @@ constexpr Command kTools[] = {
 };
 
 constexpr Command kHelp[] = {
-    {"helpcontents", "&Contents...", kNotBuilt, "F1", "help-contents",
+    {"helpcontents", "&Contents...", helpcontents_Click, "F1", "help-contents",
      "Shows how to work with this program."},
     {"htmlhelpdoc", "&HTML Help Documentation", kNotBuilt, "", "help-hint",
      "Shows the documentation of HTML Help."},
@@ -233,6 +234,8 @@ constexpr Command kHelp[] = {
 constexpr Command kKeys[] = {
     {"center_kb", "center", center_kb_Click, "Ctrl+E", "format-justify-center",
      "Centers the paragraph."},
+    {"preview_kb", "preview", preview_kb_Click, "F5", "view-refresh",
+     "Shows the topic as its readers see it."},
 };
 
 constexpr Command kTreePop[] = {

@@ -57,6 +57,8 @@ struct WindowControls {
     // What only the program that shows the window can do; unset where nobody shows it.
     std::function<void()> close;       // as the user closes the window
     std::function<void()> show_about;  // what the program is
+    /// The user guide at the topic with the identifier, or at its beginning for an empty one.
+    std::function<void(std::string_view identifier)> show_help;
 
     /// The further menu entries, tool buttons and fields, by their names; one that is mentioned
     /// for the first time is made.

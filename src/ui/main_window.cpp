@@ -16,6 +16,7 @@
 #include "ui/contents_pane.hpp"
 #include "ui/context_menu.hpp"
 #include "ui/elided_label.hpp"
+#include "ui/help_window.hpp"
 #include "ui/index_pane.hpp"
 #include "ui/listen.hpp"
 #include "ui/outline_pane.hpp"
@@ -58,6 +59,7 @@ MainWindow::MainWindow(MainForm& main, WebSurface& surface, QWidget* source, QWi
     ChooseIconTheme(palette());
     main_.window.close = [this] { close(); };
     main_.window.show_about = [this] { ShowAbout(main_, this); };
+    main_.window.show_help = [this](std::string_view identifier) { ShowGuide(identifier); };
     bars_ = new CommandBars(main_, this);
     MakePanes(source, preview);
     MakeStatusBar();
@@ -127,6 +129,20 @@ void MainWindow::FollowStatus() {
     if (state == "Project Saved.") statusBar()->showMessage(ToQt(state), kMoment);
     state_->ShowText(ToQt(state));
     path_->ShowText(ToQt(main_.window.StatusBar1.Panel(2)));
+}
+
+void MainWindow::ShowGuide(std::string_view identifier) {
+    // A dialog lets the user reach its own windows only.
+    QWidget* dialog = QApplication::activeModalWidget();
+    QWidget* parent = dialog != nullptr ? dialog : this;
+    if (help_.isNull() || help_->parentWidget() != parent) {
+        delete help_;
+        help_ = new HelpWindow(main_, parent);
+    }
+    help_->ShowTopic(identifier);
+    help_->show();
+    help_->raise();
+    help_->activateWindow();
 }
 
 void MainWindow::OpenLink(const std::string& path, const QString& bookmark) {

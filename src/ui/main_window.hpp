@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include "ui/window_settings.hpp"
 
@@ -12,6 +13,7 @@ namespace quorrel {
 class CommandBars;
 class ContentsPane;
 class ElidedLabel;
+class HelpWindow;
 class IndexPane;
 struct MainForm;
 class PaneArea;
@@ -40,12 +42,14 @@ class MainWindow : public QMainWindow {
     void FollowStatus();
     void ShowFirstTime();
     void Remember();
+    void ShowGuide(std::string_view identifier);
     void OpenLink(const std::string& path, const QString& bookmark);
 
     MainForm& main_;
     WebSurface& surface_;
     WindowSettings settings_;
     CommandBars* bars_ = nullptr;
+    QPointer<HelpWindow> help_;
     PaneArea* area_;
     ContentsPane* contents_;
     TopicsPane* topics_;

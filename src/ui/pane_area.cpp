@@ -64,7 +64,7 @@ void PaneArea::MakeTabs() {
     }
     for (int i = 1; i <= right_tabs_->count(); ++i) {
         const QString key = "Alt+" + QString::number(i);
-        right_tabs_->setTabToolTip(i - 1, key);
+        right_tabs_->setTabToolTip(i - 1, i == right_tab::kPreview ? key + ", F5" : key);
         OnKey(this, key, [this, i] { right_tabs_->setCurrentIndex(i - 1); });
     }
     OnKey(this, "Ctrl+Tab", [this] { right_tabs_->Step(1); });
