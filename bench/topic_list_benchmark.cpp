@@ -107,8 +107,8 @@ void RenameOpenTopic(benchmark::State& state) {
     LoadTopicProperties(main);
     int turn = 0;
     for (auto _ : state) {
-        main.window.EditTitle.Text =
-            (++turn % 2 == 0 ? "A title " : "Zebra ") + std::to_string(turn);
+        ++turn;
+        main.window.EditTitle.Text = (turn % 2 == 0 ? "A title " : "Zebra ") + std::to_string(turn);
         SaveTopicProperties(main);
     }
 }
