@@ -5,6 +5,9 @@
 #include "app/menu_commands.hpp"
 #include "app/tool_bar.hpp"
 #include "app/user_guide.hpp"
+#include "contents/contents_tree.hpp"
+#include "contents/see_also.hpp"
+#include "contents/topic_keywords.hpp"
 #include "editor/formatting.hpp"
 #include "formats/htmlhelp/hhp.hpp"
 #include "project/form_create_project.hpp"
@@ -241,11 +244,11 @@ constexpr Command kKeys[] = {
 constexpr Command kTreePop[] = {
     {"popnewtopic", "&NewTopic...", popnewtopic_Click, "", "document-new",
      "Adds a new topic here."},
-    {"popnewbook", "New &Book/Folder (not linked to topic)...", kNotBuilt, "", "folder-new",
+    {"popnewbook", "New &Book/Folder (not linked to topic)...", popnewbook_Click, "", "folder-new",
      "Adds a book without a topic of its own."},
     {"popnewbooktopic", "N&ew Book/Folder Topic...", popnewbooktopic_Click, "", "address-book-new",
      "Adds a book with a topic of its own."},
-    {"pop1delete", "&Delete Item", kNotBuilt, "", "edit-delete",
+    {"pop1delete", "&Delete Item", pop1delete_Click, "", "edit-delete",
      "Takes the item out of the contents; the topic stays."},
     {"popproperties", "TOC &Organizer...", popproperties_Click, "", "document-properties",
      "Shows the page where the contents are organized."},
@@ -278,8 +281,8 @@ constexpr Command kListPop[] = {
 };
 
 constexpr Command kIndexPop[] = {
-    {"popidelete", "&Delete Entry", kNotBuilt, "", "edit-delete", "Deletes the keyword."},
-    {"popiaddseealso", "&Add See Also", kNotBuilt, "", "list-add",
+    {"popidelete", "&Delete Entry", popidelete_Click, "", "edit-delete", "Deletes the keyword."},
+    {"popiaddseealso", "&Add See Also", popiaddseealso_Click, "", "list-add",
      "Adds the keyword as a reference."},
 };
 
@@ -295,7 +298,7 @@ constexpr Menu kMenus[] = {
     {"help", "Help", MenuPlace::kBar, kHelp},
     {"Format", "&Style", MenuPlace::kSubmenu, kFormat, Format_Click},
     {"keys", "", MenuPlace::kKeys, kKeys},
-    {"mnutreepop", "pop", MenuPlace::kContext, kTreePop},
+    {"mnutreepop", "pop", MenuPlace::kContext, kTreePop, mnutreepop_Opening},
     {"mnutreedocpop", "pop_doc", MenuPlace::kContext, kTreeDocPop},
     {"mnulistpop", "pop2", MenuPlace::kContext, kListPop, mnulistpop_Opening},
     {"mnuindexpop", "popindex", MenuPlace::kContext, kIndexPop},

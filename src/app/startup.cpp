@@ -11,6 +11,7 @@
 #include "app/settings_file.hpp"
 #include "app/tool_bar.hpp"
 #include "app/views.hpp"
+#include "contents/contents_item_panel.hpp"
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
 #include "platform/text.hpp"
@@ -190,6 +191,7 @@ void Form_Load(MainForm& main, std::string_view command_line) {
 
 bool Form_QueryUnload(MainForm& main) {
     if (IsTemplateOpen(main)) SaveHTML(main, main.DHTMLEdit1.CurrentDocumentPath());
+    CommitContentsItem(main);
     return PromptSaveChanges(main) != save_prompt::kCancelled;
 }
 

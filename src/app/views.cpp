@@ -6,6 +6,9 @@
 
 #include "app/main_form.hpp"
 #include "app/tool_bar.hpp"
+#include "contents/contents_item_panel.hpp"
+#include "contents/contents_tree.hpp"
+#include "contents/topic_keywords.hpp"
 #include "documents/topic_report.hpp"
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
@@ -193,9 +196,11 @@ void ShowFirstTabs(MainForm& main) {
 }
 
 void TabStrip2_Click(MainForm& main) {
+    CommitContentsItem(main);
     if (main.editor.TopicPropDirty) SaveTopicProperties(main);
     WaitForSurface(main);
     UpdateToolbars(main);
+    main.contents.Tree1.SetDropHighlight(nullptr);
     LeaveSourceView(main);
     const int tab = main.window.TabStrip2.SelectedIndex();
     if (tab == right_tab::kNormal || tab == right_tab::kProperties) {
@@ -216,6 +221,8 @@ void TabStrip2_Click(MainForm& main) {
             return EnterSourceView(main);
         case right_tab::kPreview:
             return ShowPreview(main);
+        case right_tab::kOrganizeTOC:
+            return LoadTOCProperties(main);
         case right_tab::kReport:
             return ShowReport(main);
         default:
@@ -233,6 +240,9 @@ void ConnectEvents(MainForm& main) {
         if (main.window.TabStrip1.Enabled) TabStrip1_Click(main);
     });
     FollowTab(main.window.TabStrip2, [&main] { TabStrip2_Click(main); });
+    KeepContentsReferences(main);
+    ConnectContentsItemPanel(main);
+    ConnectTopicKeywords(main);
 }
 
 }  // namespace quorrel

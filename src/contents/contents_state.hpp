@@ -45,17 +45,20 @@ struct ContentsState {
     bool toc_item_dirty = false;        // it holds edits that are not in the node's Tag yet
     bool toc_loading = false;           // it is being filled: changes of its fields are no edits
     TreeNode* toc_item_node = nullptr;  // the node that it shows
+    Signal<> toc_item_changed;          // it shows another node, or none
 
     // Pointer and drag.
     TreeNode* PubOverNode = nullptr;    // under the pointer at the last mouse-down
-    TreeNode* drag_node = nullptr;      // the node being dragged
+    TreeNode* drag_node = nullptr;      // the node being dragged, until it is dropped
     ListRow* drag_list_item = nullptr;  // the row being dragged, of ListTopics or ListKeywords
     int drag_source = drag_kind::kNone;
     bool drop_landed = false;          // on the tree
     bool tree_drag_no_delete = false;  // the drop was refused: the dragged node stays
     bool is_target_refused = false;    // the pointer is inside of what is dragged
+    TreeNode* drag_origin = nullptr;   // the node that goes at the end of a drag that moves it
     TreeNode* dropped_node = nullptr;  // what the last drop has made
     std::string tree_drag_text;        // what a drop leaves in the topic editor
+    bool surface_took_drop = false;    // it does so with the next DisplayChanged
 
     // New topics on behalf of the contents.
     bool create_from_toc_selected = false;  // for the selected item, which leads nowhere yet

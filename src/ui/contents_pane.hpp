@@ -1,4 +1,4 @@
-// The contents tree at the left.
+// The contents tree: opening, editing and arranging its nodes.
 #pragma once
 
 #include <QTreeView>
@@ -14,15 +14,38 @@ class ContentsPane : public QTreeView {
   public:
     explicit ContentsPane(MainForm& main, QWidget* parent = nullptr);
 
+  protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void startDrag(Qt::DropActions) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
   private:
+    void ConnectModel();
     void OpenNode(const QModelIndex& index);
     void FollowTree();
     void FollowSelection();
     void Reveal(TreeNode& node);
     void TellSelection();
+    bool TakeCaption(TreeNode& node, const QString& caption);
+
+    /// The effect of a drop at the pointer, which is marked by a line.
+    int ShowDropPlace(QPoint place);
+    void HideDropPlace();
+    [[nodiscard]] QModelIndex LastShownBelow(QModelIndex index) const;
+    void EndDragOver();
 
     MainForm& main_;
     TreeViewModel* model_;
+    bool delete_pressed_ = false;
+    int scroll_ = 0;
+    QLine drop_line_;  // null while there is none
 };
 
 }  // namespace quorrel

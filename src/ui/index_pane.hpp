@@ -12,11 +12,17 @@ class IndexPane : public ReportList {
   public:
     explicit IndexPane(MainForm& main, QWidget* parent = nullptr);
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void startDrag(Qt::DropActions) override;
+
   private:
     void OpenKeyword(ListRow& row);
     void OfferTargets(const ListRow& row);
 
     MainForm& main_;
+    bool delete_pressed_ = false;
 };
 
 }  // namespace quorrel

@@ -59,6 +59,11 @@ void ListViewModel::ShowContentChange() {
     emit dataChanged(index(0, 0), index(rows_ - 1, columnCount() - 1), {Qt::DisplayRole});
 }
 
+Qt::ItemFlags ListViewModel::flags(const QModelIndex& index) const {
+    // Whether rows can be dragged is the view's choice.
+    return QAbstractTableModel::flags(index) | Qt::ItemIsDragEnabled;
+}
+
 int ListViewModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : rows_;
 }

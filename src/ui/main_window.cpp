@@ -9,10 +9,12 @@
 
 #include "app/main_form.hpp"
 #include "app/startup.hpp"
+#include "contents/contents_drag.hpp"
 #include "project/open_topic.hpp"
 #include "ui/about_box.hpp"
 #include "ui/appearance.hpp"
 #include "ui/command_bars.hpp"
+#include "ui/contents_item_form.hpp"
 #include "ui/contents_pane.hpp"
 #include "ui/context_menu.hpp"
 #include "ui/elided_label.hpp"
@@ -22,6 +24,7 @@
 #include "ui/outline_pane.hpp"
 #include "ui/pane_area.hpp"
 #include "ui/qt_text.hpp"
+#include "ui/topic_properties_page.hpp"
 #include "ui/topics_pane.hpp"
 #include "ui/web_surface.hpp"
 
@@ -67,6 +70,7 @@ MainWindow::MainWindow(MainForm& main, WebSurface& surface, QWidget* source, QWi
     surface_.link_clicked = [this](const std::string& path, const QString& bookmark) {
         OpenLink(path, bookmark);
     };
+    surface_.drop_taken = [this](const QMimeData&) { return TakeDropOnSurface(main_); };
     Listen(main_.window.window.changed, this, [this] { FollowWindow(); });
     Listen(main_.window.StatusBar1.changed, this, [this] { FollowStatus(); });
     FollowStatus();
@@ -80,6 +84,8 @@ void MainWindow::MakePanes(QWidget* source, QWidget* preview) {
     area_->Add("ListKeywords", index_, &PaneLayout::ListKeywords);
     area_->Add("DHTMLEdit1", surface_.Widget(), &PaneLayout::DHTMLEdit1);
     area_->AddExternalEditorLabel();
+    area_->Add("PictureProperties", new TopicPropertiesPage(main_), &PaneLayout::PictureProperties);
+    area_->Add("PictureTOCEdit", new ContentsItemForm(main_), &PaneLayout::PictureTOCEdit);
     area_->Add("Source1", source, &PaneLayout::Source1);
     area_->Add("WebBrowser1", preview, &PaneLayout::WebBrowser1);
     area_->Add("TreeDoc", outline, &PaneLayout::TreeDoc);

@@ -27,6 +27,7 @@
 #include "ui/new_topic_dialog.hpp"
 #include "ui/project_settings_dialog.hpp"
 #include "ui/qt_text.hpp"
+#include "ui/see_also_dialog.hpp"
 #include "ui/settings_dialog.hpp"
 #include "ui/splash_dialog.hpp"
 #include "ui/startup_dialog.hpp"
@@ -148,7 +149,11 @@ void QtScreen::Show(std::unique_ptr<Form> form) {
         shown->raise();
         return shown->activateWindow();
     }
-    qFatal("no view for %s", name.toUtf8().constData());
+    if (name != "FormSeeAlso") qFatal("no view for %s", name.toUtf8().constData());
+    // The dialog belongs to the window and goes when it is closed.
+    (new SeeAlsoDialog(std::unique_ptr<FormSeeAlso>(static_cast<FormSeeAlso*>(form.release())),
+                       parent))
+        ->show();
 }
 
 MessageAnswer QtScreen::ShowMessage(const Message& message) {

@@ -100,13 +100,24 @@ void TreeView::Detach(TreeNode& node) {
 }
 
 void TreeView::Remove(TreeNode& node) {
-    const TreeChange change{TreeChange::Kind::kRemove, node.parent_, node.row_};
+    RemoveRows(node.parent_, node.row_, 1);
+}
+
+void TreeView::RemoveChildren(TreeNode& node) {
+    if (node.Children() > 0) RemoveRows(&node, 0, node.Children());
+}
+
+void TreeView::RemoveRows(TreeNode* parent, int row, int count) {
+    const TreeChange change{TreeChange::Kind::kRemove, parent, row, count};
     Begin(change);
-    Detach(node);
-    std::vector<TreeNode*> doomed{&node};
+    std::vector<TreeNode*>& siblings = ChildrenOf(parent);
+    const auto first = siblings.begin() + row;
+    std::vector<TreeNode*> doomed(first, first + count);
+    siblings.erase(first, first + count);
+    Renumber(siblings, static_cast<std::size_t>(row));
     for (std::size_t i = 0; i < doomed.size(); ++i) {
-        const TreeNode& parent = *doomed[i];
-        doomed.insert(doomed.end(), parent.children_.begin(), parent.children_.end());
+        const TreeNode& gone = *doomed[i];
+        doomed.insert(doomed.end(), gone.children_.begin(), gone.children_.end());
     }
     for (TreeNode* gone : doomed) {
         gone->index_ = 0;

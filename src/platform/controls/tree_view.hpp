@@ -61,7 +61,7 @@ enum class NodeRelation { kNext = 2, kPrevious = 3, kChild = 4 };
 struct TreeChange {
     enum class Kind {
         kInsert,  // one node at `row`
-        kRemove,  // the node at `row` with its subtree
+        kRemove,  // `count` nodes from `row` on with their subtrees
         kMove,    // `count` nodes from `row` on to the end of the children of `new_parent`
         kClear,
     };
@@ -103,6 +103,7 @@ class TreeView : public Control {
     [[nodiscard]] const std::vector<TreeNode*>& Roots() const { return roots_; }
     /// Removes the node with its subtree.
     void Remove(TreeNode& node);
+    void RemoveChildren(TreeNode& node);
     void Clear();
     /// Moves the node with its subtree to the end of the children of `parent`, or to the end of
     /// the root level for null. A node does not go below itself (raises 5).
@@ -134,6 +135,7 @@ class TreeView : public Control {
     }
     void Begin(const TreeChange& change);
     void End(const TreeChange& change);
+    void RemoveRows(TreeNode* parent, int row, int count);
     void Detach(TreeNode& node);
     static void Renumber(std::vector<TreeNode*>& siblings, std::size_t from);
 

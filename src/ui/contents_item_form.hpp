@@ -1,0 +1,34 @@
+// The panel below the contents tree that edits one of its items.
+#pragma once
+
+#include <QScrollArea>
+
+class QGridLayout;
+class QLabel;
+
+namespace quorrel {
+
+struct MainForm;
+
+class ContentsItemForm : public QScrollArea {
+    Q_OBJECT
+  public:
+    explicit ContentsItemForm(MainForm& main, QWidget* parent = nullptr);
+
+  private:
+    [[nodiscard]] QWidget* MakeForm();
+    void AddPlace(QGridLayout* grid);
+    void AddIcon(QGridLayout* grid);
+    [[nodiscard]] QWidget* MakeIconList();
+    [[nodiscard]] QLayout* MakeMarks();
+    void FollowItem();
+    /// The tree has another node selected than the one that is shown.
+    void FollowTree();
+
+    MainForm& main_;
+    QWidget* fields_;
+    QLabel* title_;
+    bool follows_ = false;  // TreeNodeChanged waits for the event loop
+};
+
+}  // namespace quorrel
