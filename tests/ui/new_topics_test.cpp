@@ -11,6 +11,7 @@
 #include <QTreeWidget>
 
 #include "project/save_project.hpp"
+#include "ui/drag.hpp"
 #include "ui/topics_pane.hpp"
 #include "ui/window_fixture.hpp"
 
@@ -182,7 +183,7 @@ TEST_F(NewTopicsByHand, AProjectGrowsInAnEmptyFolder) {
     EXPECT_NE(folder.Read("book/guide.prj").find("images=art\\small\r\n"), std::string::npos);
 }
 
-TEST_F(NewTopicsByHand, RowsOfTheTopicListAreCopiedAndRemoved) {
+TEST_F(NewTopicsByHand, RowsOfTheTopicListAreCopiedDraggedAndRemoved) {
     StartAndOpen();
     auto* topics = Find<TopicsPane>("ListTopics");
     Main().window.TabStrip1.SelectedIndex = left_tab::kTopics;
@@ -191,7 +192,22 @@ TEST_F(NewTopicsByHand, RowsOfTheTopicListAreCopiedAndRemoved) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return topics->model()->rowCount() == 3; }));
     ClickItem(topics, topics->model()->index(1, 0));
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "77");
+
+    ASSERT_TRUE(TopicShows("first body"));
+    const auto row = [&](int number) {
+        return topics->visualRect(topics->model()->index(number, 0)).center();
+    };
+    Drag(topics->viewport(), row(1), Find<QWidget>("DHTMLEdit1"), QPoint(300, 300));
+    EXPECT_TRUE(TopicShows("Mango"));
+    EXPECT_NE(Main().DHTMLEdit1.DocumentHTML().find("hird.htm\">Mango</a>"), std::string::npos);
+    Main().window.TabStrip2.SelectedIndex = right_tab::kOrganizeTOC;
+    auto* tree = Find<QTreeView>("Tree1");
+    const QPoint last = tree->visualRect(tree->model()->index(1, 0)).center();
+    Drag(topics->viewport(), row(1), tree->viewport(), last + QPoint(0, 5));
+    EXPECT_EQ(Column(tree), (QStringList{"Start", "End", "Mango"}));
     EXPECT_EQ(Main().contents.drag_source, -1);
+    Main().window.TabStrip2.SelectedIndex = right_tab::kNormal;
+
     run->window.findChild<QAction*>("poplstdelete")->trigger();
     EXPECT_TRUE(QTest::qWaitFor([&] { return topics->model()->rowCount() == 2; }));
     EXPECT_EQ(Column(topics), (QStringList{"Apple", "Zebra"}));
