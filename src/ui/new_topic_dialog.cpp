@@ -15,6 +15,7 @@
 #include "ui/dialog_fields.hpp"
 #include "ui/folder_tree.hpp"
 #include "ui/listen.hpp"
+#include "ui/metrics.hpp"
 #include "ui/qt_text.hpp"
 
 namespace quorrel {
@@ -52,7 +53,11 @@ NewTopicDialog::NewTopicDialog(FormNewTopic& form, QWidget* parent)
     all->addWidget(MakeButtons(
         "OkCmd", [this] { form_.OkCmd_Click(); }, "CancelCmd"));
     FollowButton(OkButton(), form_.OkCmd);
-    RestoreSize(form_.Height == 0 ? QSize(640, 620) : QSize(600, 400));
+    if (form_.Height == 0) {
+        RestoreSize("FormNewTopic", {640, 620});
+    } else {
+        RestoreSize("FormNewTopic.template", {640, PixelsOfTwips(form_.Height)});
+    }
     QWidget* first = findChild<QWidget*>(form_.EditTitle.Enabled() ? "EditTitle" : "EditFile");
     first->setFocus();
 }

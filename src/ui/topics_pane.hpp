@@ -8,10 +8,6 @@ namespace quorrel {
 struct MainForm;
 class WindowSettings;
 
-/// The data of a dragged topic; its bytes are the number of the row. What a drop does with it is
-/// in ContentsState.
-inline constexpr const char* kTopicRowMime = "application/x-quorrel-topic-row";
-
 class TopicsPane : public ReportList {
     Q_OBJECT
   public:
@@ -22,18 +18,14 @@ class TopicsPane : public ReportList {
     void SaveColumns(WindowSettings& settings) const;
 
   protected:
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
+    void startDrag(Qt::DropActions actions) override;
 
   private:
-    void DragRow();
     void SortBySection(int section);
     void ShowSortColumn();
     [[nodiscard]] QString SettingsName() const;
 
     MainForm& main_;
-    bool row_is_pressed_ = false;
-    QPoint pressed_;
 };
 
 }  // namespace quorrel
