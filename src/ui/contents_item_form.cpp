@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,6 +12,7 @@
 
 #include "app/main_form.hpp"
 #include "contents/contents_tree.hpp"
+#include "platform/text.hpp"
 #include "ui/dialog_fields.hpp"
 #include "ui/listen.hpp"
 #include "ui/qt_text.hpp"
@@ -80,7 +82,13 @@ QWidget* ContentsItemForm::MakeForm() {
 
 void ContentsItemForm::AddPlace(QGridLayout* grid) {
     WindowControls& window = main_.window;
-    QLineEdit* location = MakeEdit("EditTOCLocation", window.EditTOCLocation);
+    // A typed location may have either kind of slash.
+    QLineEdit* location = MakePathEdit(
+        "EditTOCLocation", window.EditTOCLocation,
+        {[](std::string_view path) {
+             return ReplaceAll(path, "\\", FromQt(QString(QDir::separator())));
+         },
+         [](std::string_view typed) { return std::string(typed); }});
     location->setPlaceholderText("A topic of the project, or an address");
     QComboBox* bookmark = MakeTextCombo("ComboBookmark", window.ComboBookmark);
     bookmark->setToolTip("A place in the topic");

@@ -3,6 +3,8 @@
 
 #include <QTreeView>
 
+#include "ui/project_drag.hpp"
+
 namespace quorrel {
 
 struct MainForm;
@@ -13,6 +15,8 @@ class ContentsPane : public QTreeView {
     Q_OBJECT
   public:
     explicit ContentsPane(MainForm& main, QWidget* parent = nullptr);
+
+    DragRunner run_drag = RunDrag;
 
   protected:
     bool event(QEvent* event) override;

@@ -61,7 +61,7 @@ void ContentsPane::startDrag(Qt::DropActions) {
         drag->setMimeData(item);
         drag->setPixmap(PictureOf(model_->IndexOf(node), *this));
         drag->setHotSpot({-12, -8});
-        drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+        run_drag(*drag, Qt::CopyAction | Qt::MoveAction);
     }
     EndDragOver();
     Tree1_OLECompleteDrag(main_);

@@ -54,7 +54,7 @@ void IndexPane::startDrag(Qt::DropActions) {
         auto* drag = new QDrag(this);
         drag->setMimeData(item);
         drag->setPixmap(QIcon::fromTheme("tag").pixmap(QSize(16, 16), devicePixelRatioF()));
-        drag->exec(Qt::CopyAction);
+        run_drag(*drag, Qt::CopyAction);
     }
     ListKeywords_OLECompleteDrag(main_);
 }

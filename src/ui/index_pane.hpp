@@ -1,6 +1,7 @@
 // The keyword index at the left.
 #pragma once
 
+#include "ui/project_drag.hpp"
 #include "ui/report_list.hpp"
 
 namespace quorrel {
@@ -11,6 +12,8 @@ class IndexPane : public ReportList {
     Q_OBJECT
   public:
     explicit IndexPane(MainForm& main, QWidget* parent = nullptr);
+
+    DragRunner run_drag = RunDrag;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

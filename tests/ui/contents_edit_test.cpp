@@ -8,6 +8,7 @@
 
 #include "contents/node_data.hpp"
 #include "project/save_project.hpp"
+#include "ui/contents_pane.hpp"
 #include "ui/drag.hpp"
 #include "ui/window_fixture.hpp"
 
@@ -18,7 +19,7 @@ class ContentsEditing : public WindowFixture {
   protected:
     void SetUp() override {
         StartAndOpen();
-        tree = Find<QTreeView>("Tree1");
+        tree = Find<ContentsPane>("Tree1");
         tree->setFocus();
     }
 
@@ -29,23 +30,23 @@ class ContentsEditing : public WindowFixture {
         return found.isEmpty() ? QModelIndex() : found.constFirst();
     }
     /// All captions as they stand, the children of a book in parentheses.
-    [[nodiscard]] QString Shape(const QModelIndex& parent = {}) const {
+    [[nodiscard]] std::string Shape() const { return ShapeBelow({}).toStdString(); }
+    [[nodiscard]] QString ShapeBelow(const QModelIndex& parent) const {
         QStringList captions;
         for (int i = 0; i < tree->model()->rowCount(parent); ++i) {
             const QModelIndex index = tree->model()->index(i, 0, parent);
-            const QString children = Shape(index);
+            const QString children = ShapeBelow(index);
             captions << index.data().toString() + (children.isEmpty() ? "" : "(" + children + ")");
         }
         return captions.join(' ');
     }
-    [[nodiscard]] QString LogicShape() const {
-        const TreeView& contents = run->main.contents.Tree1;
-        return LogicShape(contents.Roots());
+    [[nodiscard]] std::string LogicShape() const {
+        return LogicShape(run->main.contents.Tree1.Roots()).toStdString();
     }
     void DragItem(const QString& from, const QString& to, double part) {
         const QRect row = tree->visualRect(Item(to));
         const QPoint end(row.center().x(), row.top() + static_cast<int>(row.height() * part));
-        Drag(tree->viewport(), tree->visualRect(Item(from)).center(), tree->viewport(), end);
+        Drag(tree, Item(from), tree->viewport(), end);
     }
     void ChooseEntry(const char* name) {
         auto* menu = Find<QMenu>("mnutreepop");
@@ -54,7 +55,7 @@ class ContentsEditing : public WindowFixture {
         }
     }
 
-    QTreeView* tree = nullptr;
+    ContentsPane* tree = nullptr;
 
   private:
     static QString LogicShape(const std::vector<TreeNode*>& nodes) {
@@ -155,7 +156,7 @@ TEST_F(ContentsEditing, ThePanelEditsTheSelectedNode) {
     auto* text = Find<QLineEdit>("EditTOCText");
     auto* location = Find<QLineEdit>("EditTOCLocation");
     EXPECT_EQ(text->text(), "End");
-    EXPECT_EQ(location->text().toLower(), "html\\third.htm");
+    EXPECT_EQ(location->text().toLower(), "html/third.htm");
     EXPECT_TRUE(Find<QLineEdit>("EditFrame")->isVisible());
     text->selectAll();
     QTest::keyClicks(text, "Last");
@@ -165,7 +166,7 @@ TEST_F(ContentsEditing, ThePanelEditsTheSelectedNode) {
     QTest::keyClick(tree, Qt::Key_Up);
     EXPECT_EQ(text->text(), "Start") << "keys select as well";
     const TreeNode& last = *Main().contents.Tree1.Roots().back();
-    EXPECT_EQ(UnpackNodeData(last.Tag).extra, "0,left,,,");
+    EXPECT_EQ(UnpackNodeData(last.Tag).extra, ",left,,,");
     auto* book = Find<QCheckBox>("CheckTOCIsBook");
     EXPECT_TRUE(book->isChecked());
     book->click();
@@ -179,7 +180,7 @@ TEST_F(ContentsEditing, ThePanelEditsTheSelectedNode) {
 TEST_F(ContentsEditing, ADropOnTheTopicLeavesALink) {
     ASSERT_TRUE(TopicShows("first body"));
     auto* topic = Find<QWidget>("DHTMLEdit1");
-    Drag(tree->viewport(), tree->visualRect(Item("End")).center(), topic, QPoint(300, 300));
+    Drag(tree, Item("End"), topic, QPoint(300, 300));
     EXPECT_TRUE(TopicShows("End"));
     EXPECT_EQ(Shape(), "Start(Inside) End");
     EXPECT_NE(Main().DHTMLEdit1.DocumentHTML().find("hird.htm"), std::string::npos);

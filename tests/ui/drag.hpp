@@ -3,32 +3,60 @@
 
 #include <gtest/gtest.h>
 
+#include <QDragEnterEvent>
+#include <QGuiApplication>
+#include <QMimeData>
 #include <QTest>
 #include <QTimer>
-#include <QWidget>
+#include <QWindow>
+
+#include "ui/project_drag.hpp"
 
 namespace quorrel::test {
 
-/// Presses at one place, moves and releases at the other. The drag runs its own event loop, so
-/// the steps behind the first ones come from a timer.
-inline void Drag(QWidget* from, QPoint start, QWidget* to, QPoint end) {
-    QTimer steps;
-    int step = 0;
-    QObject::connect(&steps, &QTimer::timeout, to, [&] {
-        switch (step++) {
-            case 0:
-                return QTest::mouseMove(to, end - QPoint(0, 1));
-            case 1:
-                return QTest::mouseMove(to, end);
-            default:
-                steps.stop();
-                QTest::mouseRelease(to, Qt::LeftButton, {}, end);
+/// The drag as the platform would run it: over the place and, if it is taken there, dropped.
+inline DragRunner RunnerTo(QWidget* to, QPoint end) {
+    return [to, end](QDrag& drag, Qt::DropActions actions) {
+        constexpr auto kButton = Qt::LeftButton;
+        QDragEnterEvent enter(end, actions, drag.mimeData(), kButton, {});
+        QCoreApplication::sendEvent(to, &enter);
+        QDragMoveEvent move(end, actions, drag.mimeData(), kButton, {});
+        if (enter.isAccepted()) QCoreApplication::sendEvent(to, &move);
+        if (enter.isAccepted() && move.isAccepted()) {
+            QDropEvent drop(end, actions, drag.mimeData(), kButton, {});
+            drop.setDropAction(move.dropAction());
+            QCoreApplication::sendEvent(to, &drop);
         }
+        drag.deleteLater();
+    };
+}
+
+/// The release on a platform with drags: the drag runs its own event loop.
+inline void ReleaseLater(QTimer& steps, QWindow* window, QPoint last) {
+    QObject::connect(&steps, &QTimer::timeout, window, [&steps, window, last, step = 0]() mutable {
+        if (step++ < 2) return QTest::mouseMove(window, last - QPoint(0, step % 2));
+        steps.stop();
+        QTest::mouseRelease(window, Qt::LeftButton, {}, last);
     });
-    QTest::mousePress(from, Qt::LeftButton, {}, start);
-    steps.start(20);
-    QTest::mouseMove(from, start + QPoint(0, 30));
-    QTest::mouseMove(from, start + QPoint(0, 31));
+    steps.start(50);
+}
+
+/// Presses on an item of `from`, moves and releases at the other place, both in one window.
+template <typename View>
+void Drag(View* from, const QModelIndex& item, QWidget* to, QPoint end) {
+    QWindow* window = from->window()->windowHandle();
+    const QPoint first = from->viewport()->mapTo(from->window(), from->visualRect(item).center());
+    QTimer steps;
+    if (QGuiApplication::platformName() == "offscreen") {
+        from->run_drag = RunnerTo(to, end);
+    } else {
+        ReleaseLater(steps, window, to->mapTo(to->window(), end));
+    }
+    QTest::mousePress(window, Qt::LeftButton, {}, first);
+    // The first move says that it is a drag, the second begins it.
+    QTest::mouseMove(window, first + QPoint(0, 20));
+    QTest::mouseMove(window, first + QPoint(0, 30));
+    if (!steps.isActive()) QTest::mouseRelease(window, Qt::LeftButton, {}, first + QPoint(0, 30));
     EXPECT_TRUE(QTest::qWaitFor([&] { return !steps.isActive(); }));
 }
 

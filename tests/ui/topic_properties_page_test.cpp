@@ -12,6 +12,7 @@
 
 #include "project/save_project.hpp"
 #include "ui/drag.hpp"
+#include "ui/index_pane.hpp"
 #include "ui/window_fixture.hpp"
 
 namespace quorrel::test {
@@ -36,10 +37,10 @@ class PropertiesPage : public WindowFixture {
         QTest::keyClicks(Find<QLineEdit>("EditSubKey"), sub);
         QTest::keyClick(Find<QLineEdit>("EditSubKey"), Qt::Key_Return);
     }
-    QTreeView* ShowIndex() {
+    IndexPane* ShowIndex() {
         Find<QTabBar>("TabStrip1")->setCurrentIndex(left_tab::kIndex - 1);
         QCoreApplication::processEvents();
-        return Find<QTreeView>("ListKeywords");
+        return Find<IndexPane>("ListKeywords");
     }
 };
 
@@ -72,7 +73,9 @@ TEST_F(PropertiesPage, StatusAndNotesStayWithTheTopic) {
     auto* notes = Find<QPlainTextEdit>("TextNotes");
     EXPECT_FALSE(Find<QWidget>("CommandNote")->isVisible());
     Find<QComboBox>("ComboStatus")->setCurrentIndex(2);
-    QTest::keyClicks(notes, "one\ntwo");
+    QTest::keyClicks(notes, "one");
+    QTest::keyClick(notes, Qt::Key_Return);
+    QTest::keyClicks(notes, "two");
     EXPECT_TRUE(Main().project.project_dirty);
     auto* tree = Find<QTreeView>("Tree1");
     ClickItem(tree, tree->model()->index(1, 0));
@@ -86,10 +89,9 @@ TEST_F(PropertiesPage, StatusAndNotesStayWithTheTopic) {
 
 TEST_F(PropertiesPage, KeywordsComeFromTheIndex) {
     EXPECT_FALSE(Find<QPushButton>("CommandAddFromIndex")->isEnabled());
-    QTreeView* index = ShowIndex();
+    IndexPane* index = ShowIndex();
     auto* keys = Find<QListWidget>("ListKeys");
-    Drag(index->viewport(), index->visualRect(index->model()->index(1, 0)).center(),
-         keys->viewport(), QPoint(20, 20));
+    Drag(index, index->model()->index(1, 0), keys->viewport(), QPoint(20, 20));
     EXPECT_EQ(Keys(), (QStringList{"one"}));
     index->setCurrentIndex(index->model()->index(0, 0));
     Find<QPushButton>("CommandAddFromIndex")->click();
@@ -100,7 +102,7 @@ TEST_F(PropertiesPage, KeywordsComeFromTheIndex) {
 }
 
 TEST_F(PropertiesPage, TheDeleteKeyAsksInTheIndex) {
-    QTreeView* index = ShowIndex();
+    IndexPane* index = ShowIndex();
     index->setFocus();
     index->setCurrentIndex(index->model()->index(0, 0));
     dialogs.Expect("Message", [](QWidget& box) {
