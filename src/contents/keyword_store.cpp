@@ -50,7 +50,7 @@ void AddKey(ListView& table, std::string_view full_key, const std::string& entry
         return;
     }
     const std::size_t mark = key.find(kSubKeyMark);
-    const bool is_sub_key = mark != npos && mark > 0;
+    const bool is_sub_key = mark != npos;
     if (is_sub_key) display.insert(0, kSubKeyIndent);
     ListRow& row = table.Add(std::move(display));
     row.SetSubItem(IDX_TITLEPATH, entry);
@@ -118,7 +118,7 @@ void DeleteKeyFromIndex(KeywordState& keywords, std::string_view key, std::strin
         return;
     }
     const std::size_t mark = stripped.find(kSubKeyMark);
-    if (mark != npos && mark > 0 && position > 1) {
+    if (mark != npos && position > 1) {
         const std::string main_key = stripped.substr(0, mark);
         const ListRow& head = table.At(position - 1);
         const bool is_bare_head =

@@ -49,6 +49,9 @@ TEST_F(KeywordStore, ASubKeyGetsItsHeadRow) {
     AddToIndex(main, "T", "1", "z    :1;z    :a buzz;z    :q;");
     const Lines rows = Rows();
     EXPECT_EQ(std::count(rows.begin(), rows.end(), "z|z|"), 3);
+    main.keywords.ListKeywords.Clear();
+    AddToIndex(main, "T", "1", "    :of nothing;");
+    EXPECT_EQ(Rows(), (Lines{"||", "      of nothing|    :of nothing|T>1;:"}));
 }
 
 TEST_F(KeywordStore, ABookmarkGetsAMapIdInAJavaHelpProject) {
