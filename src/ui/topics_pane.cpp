@@ -7,7 +7,6 @@
 #include "app/main_form.hpp"
 #include "project/open_topic.hpp"
 #include "project/topic_list.hpp"
-#include "ui/project_drag.hpp"
 #include "ui/qt_text.hpp"
 #include "ui/window_settings.hpp"
 
@@ -38,7 +37,7 @@ void TopicsPane::startDrag(Qt::DropActions) {
         drag->setMimeData(item);
         drag->setPixmap(
             QIcon(":/quorrel/icons/page.svg").pixmap(QSize(16, 16), devicePixelRatioF()));
-        drag->exec(Qt::CopyAction);
+        run_drag(*drag, Qt::CopyAction);
     }
     ListTopics_DragEnd(main_);
 }
