@@ -66,6 +66,7 @@ QWidget* ContentsItemForm::MakeForm() {
     auto* grid = new QGridLayout(fields_);
     grid->setContentsMargins(0, 0, 0, 0);
     QLineEdit* text = MakeEdit("EditTOCText", window.EditTOCText);
+    KeepCaption(text);
     grid->addWidget(MakeLabel("Te&xt:", text), 0, 0);
     grid->addWidget(text, 0, 1, 1, 5);
     AddPlace(grid);
@@ -80,15 +81,26 @@ QWidget* ContentsItemForm::MakeForm() {
     return form;
 }
 
+void ContentsItemForm::KeepCaption(QLineEdit* text) {
+    TextBox& model = main_.window.EditTOCText;
+    Listen(model.changed, text, [this, &model] {
+        if (!model.Text().empty()) caption_ = model.Text();
+    });
+    // It may be empty on the way to another one, not for good.
+    connect(text, &QLineEdit::editingFinished, this, [this, &model] {
+        if (model.Text().empty() && main_.contents.toc_item_node != nullptr) model.Text = caption_;
+    });
+}
+
 void ContentsItemForm::AddPlace(QGridLayout* grid) {
     WindowControls& window = main_.window;
     // A typed location may have either kind of slash.
-    QLineEdit* location = MakePathEdit(
-        "EditTOCLocation", window.EditTOCLocation,
-        {[](std::string_view path) {
-             return ReplaceAll(path, "\\", FromQt(QString(QDir::separator())));
-         },
-         [](std::string_view typed) { return std::string(typed); }});
+    QLineEdit* location =
+        MakePathEdit("EditTOCLocation", window.EditTOCLocation,
+                     {[](std::string_view path) {
+                          return ReplaceAll(path, "\\", FromQt(QString(QDir::separator())));
+                      },
+                      [](std::string_view typed) { return std::string(typed); }});
     location->setPlaceholderText("A topic of the project, or an address");
     QComboBox* bookmark = MakeTextCombo("ComboBookmark", window.ComboBookmark);
     bookmark->setToolTip("A place in the topic");

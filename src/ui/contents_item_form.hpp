@@ -3,8 +3,11 @@
 
 #include <QScrollArea>
 
+#include <string>
+
 class QGridLayout;
 class QLabel;
+class QLineEdit;
 
 namespace quorrel {
 
@@ -17,6 +20,7 @@ class ContentsItemForm : public QScrollArea {
 
   private:
     [[nodiscard]] QWidget* MakeForm();
+    void KeepCaption(QLineEdit* text);
     void AddPlace(QGridLayout* grid);
     void AddIcon(QGridLayout* grid);
     [[nodiscard]] QWidget* MakeIconList();
@@ -28,6 +32,7 @@ class ContentsItemForm : public QScrollArea {
     MainForm& main_;
     QWidget* fields_;
     QLabel* title_;
+    std::string caption_;   // the last one of the item that was not empty
     bool follows_ = false;  // TreeNodeChanged waits for the event loop
 };
 

@@ -54,8 +54,8 @@ ContentsPane::ContentsPane(MainForm& main, QWidget* parent)
     setDragEnabled(true);
     setAcceptDrops(true);
     setDropIndicatorShown(false);
-    constexpr int kUntilOpen = 800;
-    setAutoExpandDelay(kUntilOpen);
+    connect(&until_open_, &QTimer::timeout, this, [this] { expand(waiting_over_); });
+    until_open_.setSingleShot(true);
     ConnectModel();
     TreeView& tree = main_.contents.Tree1;
     Listen(tree.changed, this, [this] { FollowSelection(); });

@@ -1,6 +1,7 @@
 // The contents tree: opening, editing and arranging its nodes.
 #pragma once
 
+#include <QTimer>
 #include <QTreeView>
 
 #include "ui/project_drag.hpp"
@@ -42,6 +43,8 @@ class ContentsPane : public QTreeView {
     /// The effect of a drop at the pointer, which is marked by a line.
     int ShowDropPlace(QPoint place);
     void HideDropPlace();
+    /// Opens a closed book under a pointer that stays there. Qt's own way closes open ones too.
+    void WaitToOpen(const QModelIndex& index);
     [[nodiscard]] QModelIndex LastShownBelow(QModelIndex index) const;
     void EndDragOver();
 
@@ -50,6 +53,8 @@ class ContentsPane : public QTreeView {
     bool delete_pressed_ = false;
     int scroll_ = 0;
     QLine drop_line_;  // null while there is none
+    QTimer until_open_;
+    QPersistentModelIndex waiting_over_;
 };
 
 }  // namespace quorrel

@@ -75,9 +75,11 @@ void ContentsPane::dragEnterEvent(QDragEnterEvent* event) {
 
 void ContentsPane::dragMoveEvent(QDragMoveEvent* event) {
     if (main_.contents.drag_source == drag_kind::kNone) return event->ignore();
-    // Scrolls at the edges and opens a book under a pointer that waits.
+    // Scrolls at the edges.
     QTreeView::dragMoveEvent(event);
-    Answer(event, ShowDropPlace(event->position().toPoint()));
+    const QPoint place = event->position().toPoint();
+    WaitToOpen(indexAt(place));
+    Answer(event, ShowDropPlace(place));
 }
 
 void ContentsPane::dragLeaveEvent(QDragLeaveEvent* event) {
@@ -99,6 +101,8 @@ void ContentsPane::dropEvent(QDropEvent* event) {
 
 void ContentsPane::EndDragOver() {
     stopAutoScroll();
+    until_open_.stop();
+    waiting_over_ = QModelIndex();
     setState(NoState);
     HideDropPlace();
 }
@@ -116,7 +120,8 @@ int ContentsPane::ShowDropPlace(QPoint place) {
                                   ? LastShownBelow(target)
                                   : LastShownBelow(model_->index(model_->rowCount() - 1, 0));
     const bool is_before = target.isValid() && DropsBefore(main_, x, y);
-    const int height = is_before ? row.top() : visualRect(above).bottom() + 1;
+    // The line above the first row is inside of the view as well.
+    const int height = is_before ? qMax(kLineWidth, row.top()) : visualRect(above).bottom() + 1;
     const int left = target.isValid() ? row.left() : visualRect(model_->index(0, 0)).left();
     drop_line_ = QLine(left, height, viewport()->width() - 2 * kLineWidth, height);
     viewport()->update();
@@ -126,6 +131,18 @@ int ContentsPane::ShowDropPlace(QPoint place) {
 void ContentsPane::HideDropPlace() {
     drop_line_ = QLine();
     viewport()->update();
+}
+
+void ContentsPane::WaitToOpen(const QModelIndex& index) {
+    if (index == waiting_over_) return;
+    waiting_over_ = index;
+    constexpr int kUntilOpen = 800;
+    const bool can_open = model_->rowCount(index) > 0 && !isExpanded(index);
+    if (index.isValid() && can_open) {
+        until_open_.start(kUntilOpen);
+    } else {
+        until_open_.stop();
+    }
 }
 
 QModelIndex ContentsPane::LastShownBelow(QModelIndex index) const {

@@ -60,8 +60,9 @@ void ListViewModel::ShowContentChange() {
 }
 
 Qt::ItemFlags ListViewModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
     // Whether rows can be dragged is the view's choice.
-    return QAbstractTableModel::flags(index) | Qt::ItemIsDragEnabled;
+    return index.isValid() ? flags | Qt::ItemIsDragEnabled : flags;
 }
 
 int ListViewModel::rowCount(const QModelIndex& parent) const {

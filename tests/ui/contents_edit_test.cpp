@@ -161,6 +161,10 @@ TEST_F(ContentsEditing, ThePanelEditsTheSelectedNode) {
     text->selectAll();
     QTest::keyClicks(text, "Last");
     EXPECT_EQ(Shape(), "Start(Inside) Last");
+    text->selectAll();
+    QTest::keyClick(text, Qt::Key_Delete);
+    QTest::keyClick(text, Qt::Key_Return);
+    EXPECT_EQ(Shape(), "Start(Inside) Last") << "a caption is never empty";
     QTest::keyClicks(Find<QLineEdit>("EditFrame"), "left");
     tree->setFocus();
     QTest::keyClick(tree, Qt::Key_Up);
