@@ -9,6 +9,8 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "app/main_form.hpp"
 #include "app/startup.hpp"
@@ -21,7 +23,9 @@
 #include "platform/silent_services.hpp"
 #include "platform/text.hpp"
 #include "project/open_project.hpp"
+#include "project/save_project.hpp"
 #include "project/tag_value.hpp"
+#include "project/topic_title.hpp"
 #include "project_generator.hpp"
 
 namespace quorrel::bench {
@@ -103,25 +107,67 @@ void ListTopicsOf(const Sample& sample, ListView& ListTopics) {
                  log.AsTrap());
 }
 
-void OpenWholeProject(benchmark::State& state) {
-    const auto topics = static_cast<int>(state.range(0));
-    const fs::path project = Projects().WithTopics(topics);
+/// Opens the project and does with it what `work` does.
+template <typename Work>
+void WithProject(const fs::path& project, std::string_view edition, Work work) {
+    NativeFileSystem files;
+    SilentScreen screen;
+    PlainSurface surface(files);
+    PlainSource source;
+    SilentBrowser browser;
+    SilentShell shell;
     const std::string settings = (Projects().Folder() / "settings").string();
+    MainForm main({files, screen, surface, source, browser, shell}, files.WindowsPath(settings),
+                  MachineCodePage{});
+    LoadSettings(main, edition);
+    main.project.recent_proj = files.WindowsPath(project.string());
+    OpenProject_Click(main);
+    work(main);
+}
+
+void OpenRepeatedly(benchmark::State& state, const fs::path& project, std::string_view edition) {
+    for (auto _ : state) {
+        WithProject(project, edition, [&](const MainForm& main) {
+            if (main.topics.ListTopics.Count() != state.range(0)) {
+                state.SkipWithError("not all topics");
+            }
+        });
+    }
+    state.SetComplexityN(state.range(0));
+}
+
+void OpenWholeProject(benchmark::State& state) {
+    OpenRepeatedly(state, Projects().WithTopics(static_cast<int>(state.range(0))), "html");
+}
+
+/// The same project, converted.
+fs::path JavaHelpTwin(benchmark::State& state) {
+    fs::path project = Projects().WithTopics(static_cast<int>(state.range(0)));
+    const fs::path twin = fs::path(project).replace_extension(".hs");
+    if (!fs::exists(twin)) WithProject(project, "", [](MainForm& main) { FileSave_Click(main); });
+    return twin;
+}
+
+void OpenWholeJavaHelpProject(benchmark::State& state) {
+    OpenRepeatedly(state, JavaHelpTwin(state), "");
+}
+
+/// What a JavaHelp project needs beyond its own files: the titles of the topics.
+void TitlesOfTopics(benchmark::State& state) {
+    std::vector<std::string> paths;
+    WithProject(JavaHelpTwin(state), "", [&](const MainForm& main) {
+        for (int i = 1; i <= main.topics.ListTopics.Count(); ++i) {
+            paths.push_back(main.topics.ListTopics.At(i).SubItems(topic_cell::kFullPath));
+        }
+    });
     for (auto _ : state) {
         NativeFileSystem files;
-        SilentScreen screen;
-        PlainSurface surface(files);
-        PlainSource source;
-        SilentBrowser browser;
-        SilentShell shell;
-        MainForm main({files, screen, surface, source, browser, shell},
-                      files.WindowsPath(settings), MachineCodePage{});
-        LoadSettings(main, "html");
-        main.project.recent_proj = files.WindowsPath(project.string());
-        OpenProject_Click(main);
-        if (main.topics.ListTopics.Count() != topics) state.SkipWithError("not all topics");
+        for (const std::string& path : paths) {
+            benchmark::DoNotOptimize(
+                ReadTopicTitle(files, path, kWesternCodePage, TitlePieces::kTrimmed));
+        }
     }
-    state.SetComplexityN(topics);
+    state.SetComplexityN(state.range(0));
 }
 
 void FileList(benchmark::State& state) {
@@ -207,6 +253,8 @@ void ProjectSizes(benchmark::internal::Benchmark* benchmark) {
 }
 
 BENCHMARK(OpenWholeProject)->Apply(ProjectSizes);
+BENCHMARK(OpenWholeJavaHelpProject)->Apply(ProjectSizes);
+BENCHMARK(TitlesOfTopics)->Apply(ProjectSizes);
 BENCHMARK(FileList)->Apply(ProjectSizes);
 BENCHMARK(MapFiles)->Apply(ProjectSizes);
 BENCHMARK(Contents)->Apply(ProjectSizes);

@@ -132,6 +132,7 @@ void FillFixedLists(MainForm& main) {
         window.ComboStatus.AddItem(status);
     }
     window.ComboStatus.ListIndex = 0;
+    window.progress.Visible = false;
     for (ComboBox* box : {&window.FontCombo, &window.FontSizeCombo, &window.ComboStyle}) {
         box->ListIndex = 0;
     }

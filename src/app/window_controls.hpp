@@ -26,6 +26,7 @@ struct WindowControls {
                         "Topic Report", "Document Wizard"}};
     StatusBar StatusBar1;
     ProgressBar ProgressReport;
+    ProgressBar progress;  // of reading and saving, in the status bar
     ComboBox FontCombo, FontSizeCombo, ComboStyle;
     ComboBox ComboIcon;  // "Default" and the pictures that a contents entry can have
     ComboBox ComboStatus;

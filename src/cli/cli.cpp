@@ -6,99 +6,29 @@
 
 #include <CLI/CLI.hpp>
 
-#include "app/main_form.hpp"
-#include "app/startup.hpp"
+#include "cli/convert.hpp"
 #include "cli/dump.hpp"
 #include "cli/routines.hpp"
+#include "cli/session.hpp"
 #include "platform/native_file_system.hpp"
-#include "platform/plain_surface.hpp"
-#include "platform/silent_services.hpp"
-#include "platform/text.hpp"
-#include "project/open_project.hpp"
-#include "project/save_project.hpp"
 
 namespace quorrel {
 namespace {
 
-struct ProjectCall {
-    std::string edition = "html";
-    std::string project;  // a native path
-};
-
-/// Tells why the project cannot be read, or an empty text.
-std::string WhyUnreadable(FileSystem& files, const std::string& path) {
-    try {
-        (void)files.ReadFileHead(path, 1);
-        return {};
-    } catch (const RuntimeError& error) {
-        return error.what();
-    }
-}
-
-/// Prints what the window would tell in a box.
-class CliScreen : public SilentScreen {
-  public:
-    explicit CliScreen(std::ostream& err) : err_(err) {}
-    MessageAnswer ShowMessage(const Message& message) override {
-        err_ << "quorrel-cli: " << ReplaceAll(message.text, "\r\n", "\n") << '\n';
-        return SilentScreen::ShowMessage(message);
-    }
-
-  private:
-    std::ostream& err_;
-};
-
-/// The program without its window.
-class Session {
-  public:
-    Session(const ProjectCall& call, std::ostream& err) : call_(call), err_(err) {
-        surface_.code_page = [this] { return main.texts.CodePageNumber(); };
-        main.log.listener = [this](std::string_view line) { err_ << line << '\n'; };
-    }
-
-    /// False, after a word about it, where the project cannot be read.
-    bool Open() {
-        const std::string path = files_.WindowsPath(call_.project);
-        if (const std::string why = WhyUnreadable(files_, path); !why.empty()) {
-            err_ << "quorrel-cli: " << call_.project << ": " << why << '\n';
-            return false;
-        }
-        LoadSettings(main, call_.edition == "javahelp" ? "" : "html");
-        main.project.recent_proj = path;
-        OpenProject_Click(main);
-        return true;
-    }
-
-  private:
-    const ProjectCall& call_;
-    std::ostream& err_;
-    NativeFileSystem files_;
-    CliScreen screen_{err_};
-    PlainSurface surface_{files_};
-    PlainSource source_;
-    SilentBrowser browser_;
-    SilentShell shell_;
-
-  public:
-    MainForm main{{files_, screen_, surface_, source_, browser_, shell_},
-                  files_.WindowsPath(NativeSettingsFolder())};
-};
-
 int Resave(const ProjectCall& call, bool all, std::ostream& err) {
-    Session session(call, err);
+    NativeFileSystem files;
+    Session session(call, files, err);
     if (!session.Open()) return exit_code::kFailure;
     MainForm& main = session.main;
     if (all) {
         main.contents.toc_dirty = main.keywords.index_dirty = main.outline.doc_dirty = true;
     }
-    // What was wrong on opening has been told, and is no failure to save.
-    const int errors_before = main.log.Count();
-    FileSave_Click(main);
-    return main.log.Count() == errors_before ? exit_code::kSuccess : exit_code::kFailure;
+    return session.Save() ? exit_code::kSuccess : exit_code::kFailure;
 }
 
 int Dump(const ProjectCall& call, std::ostream& out, std::ostream& err, AtEnd at_end) {
-    Session session(call, err);
+    NativeFileSystem files;
+    Session session(call, files, err);
     if (!session.Open()) return exit_code::kFailure;
     DumpProject(session.main, out);
     out.flush();
@@ -129,6 +59,11 @@ int RunCli(int argc, const char* const* argv, std::istream& in, std::ostream& ou
     resave->add_option("PROJECT", call.project, "The project file (.hhp or .hs)")->required();
     bool all = false;
     resave->add_flag("--all", all, "Write contents, index and outline although nothing changed");
+    CLI::App* convert = app.add_subcommand(
+        "convert", "Make a JavaHelp project beside an HTML Help project and list its files");
+    convert->add_option("PROJECT", call.project, "The project file (.hhp)")->required();
+    bool force = false;
+    convert->add_flag("--force", force, "Replace a JavaHelp project that is there already");
     CLI::App* tag_value = app.add_subcommand(
         "tagvalue", "Run TagValue on lines {text, start, attribute, value, mode} of JSON");
     app.add_subcommand(
@@ -141,6 +76,7 @@ int RunCli(int argc, const char* const* argv, std::istream& in, std::ostream& ou
     }
     if (dump->parsed()) return Dump(call, out, err, at_end);
     if (resave->parsed()) return Resave(call, all, err);
+    if (convert->parsed()) return Convert(call.project, force, out, err);
     return tag_value->parsed() ? RunTagValueLines(in, out, err) : RunPathLines(in, out, err);
 }
 

@@ -50,7 +50,7 @@ void AddKey(ListView& table, std::string_view full_key, const std::string& entry
         return;
     }
     const std::size_t mark = key.find(kSubKeyMark);
-    const bool is_sub_key = mark != npos && mark > 0;
+    const bool is_sub_key = mark != npos;
     if (is_sub_key) display.insert(0, kSubKeyIndent);
     ListRow& row = table.Add(std::move(display));
     row.SetSubItem(IDX_TITLEPATH, entry);
@@ -118,7 +118,7 @@ void DeleteKeyFromIndex(KeywordState& keywords, std::string_view key, std::strin
         return;
     }
     const std::size_t mark = stripped.find(kSubKeyMark);
-    if (mark != npos && mark > 0 && position > 1) {
+    if (mark != npos && position > 1) {
         const std::string main_key = stripped.substr(0, mark);
         const ListRow& head = table.At(position - 1);
         const bool is_bare_head =
@@ -135,17 +135,27 @@ void DeleteKeyFromIndex(KeywordState& keywords, std::string_view key, std::strin
     table.Remove(position);
 }
 
-void RenameTitleInIndex(KeywordState& keywords, std::string_view new_title,
-                        std::string_view old_title, std::string_view path) {
-    keywords.index_dirty = true;
+std::vector<ListRow*> KeywordsOfTopic(KeywordState& keywords, std::string_view path) {
     const std::string target = std::string(">").append(path);
     ListView& table = keywords.ListKeywords;
+    std::vector<ListRow*> rows;
     for (int i = 1; i <= table.Count(); ++i) {
         ListRow& row = table.At(i);
-        const std::string& targets = row.SubItems(IDX_TITLEPATH);
-        if (FindIgnoringCase(targets, target)) {
-            row.SetSubItem(IDX_TITLEPATH, ReplaceAll(targets, old_title, new_title));
-        }
+        if (FindIgnoringCase(row.SubItems(IDX_TITLEPATH), target)) rows.push_back(&row);
+    }
+    return rows;
+}
+
+void RenameTitleInIndex(KeywordState& keywords, std::span<ListRow* const> rows,
+                        std::string_view new_title, std::string_view old_title,
+                        std::string_view path) {
+    keywords.index_dirty = true;
+    const std::string target = std::string(">").append(path);
+    for (ListRow* row : rows) {
+        const std::string& targets = row->SubItems(IDX_TITLEPATH);
+        // A title that was part of the path may have taken the path away.
+        if (!FindIgnoringCase(targets, target)) continue;
+        row->SetSubItem(IDX_TITLEPATH, ReplaceAll(targets, old_title, new_title));
     }
 }
 

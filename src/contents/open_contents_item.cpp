@@ -47,22 +47,20 @@ void Tree1_NodeClick(MainForm& main) {
     OpenTOCItem(main);
 }
 
-void OpenFirstContentsItem(MainForm& main) {
-    TreeView& tree = main.contents.Tree1;
+TreeNode& FirstNodeWithLocation(TreeView& tree) {
     constexpr std::size_t kShortestLocation = 2;
     for (int i = 1;; ++i) {
         TreeNode& node = tree.At(i);
-        const std::string location = UnpackNodeData(node.Tag).location;
-        if (CountCharacters(location) < kShortestLocation) continue;
-        tree.Select(&node);
-        tree.EnsureVisible(node);
-        ProjectState& project = main.project;
-        if (project.project_def_topic.empty() && project.help_mode == 1) {
-            project.project_def_topic = location;
-        }
-        Tree1_NodeClick(main);
-        return;
+        if (CountCharacters(UnpackNodeData(node.Tag).location) >= kShortestLocation) return node;
     }
+}
+
+void OpenFirstContentsItem(MainForm& main) {
+    TreeView& tree = main.contents.Tree1;
+    TreeNode& node = FirstNodeWithLocation(tree);
+    tree.Select(&node);
+    tree.EnsureVisible(node);
+    Tree1_NodeClick(main);
 }
 
 }  // namespace quorrel

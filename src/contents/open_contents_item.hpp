@@ -1,6 +1,8 @@
 // Opening what a contents node points to.
 #pragma once
 
+#include "platform/controls/tree_view.hpp"
+
 namespace quorrel {
 
 struct MainForm;
@@ -12,9 +14,11 @@ void OpenTOCItem(MainForm& main);
 /// A click on the selected node: a book shows whether it is open, then OpenTOCItem.
 void Tree1_NodeClick(MainForm& main);
 
-/// Selects the first node, in the order of addition, with a location of two characters or more
-/// and opens it. In a JavaHelp project without a default topic the location becomes that.
-/// Raises 35600 where no node has one.
+/// The first node, in the order of addition, with a location of two characters or more. Raises
+/// 35600 where no node has one.
+[[nodiscard]] TreeNode& FirstNodeWithLocation(TreeView& tree);
+
+/// Selects and opens the first node with a location; raises as FirstNodeWithLocation.
 void OpenFirstContentsItem(MainForm& main);
 
 }  // namespace quorrel

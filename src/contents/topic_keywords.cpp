@@ -4,6 +4,7 @@
 
 #include "app/main_form.hpp"
 #include "contents/contents_drag.hpp"
+#include "contents/key_fields.hpp"
 #include "platform/controls/follow.hpp"
 #include "platform/text.hpp"
 #include "project/topic_properties.hpp"
@@ -18,9 +19,10 @@ void Tell(MainForm& main, const char* text) {
         {text, main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kExclamation});
 }
 
-void EnableLineButtons(WindowControls& window, bool on) {
-    window.CommandEdit.Enabled = on;
-    window.CommandDelete.Enabled = on;
+KeyFields KeyFieldsOf(MainForm& main) {
+    WindowControls& window = main.window;
+    return {window.ListKeys,    window.EditKeyword,   window.EditSubKey,
+            window.CommandEdit, window.CommandDelete, main.keywords.keyword_edit_mode};
 }
 
 /// The fields of a page that is not shown may be those of another topic.
@@ -32,54 +34,16 @@ void EnsurePropertiesLoaded(MainForm& main) {
 }  // namespace
 
 void Command1_Click(MainForm& main) {
-    WindowControls& window = main.window;
     main.editor.TopicPropDirty = true;
-    const std::string key(Trim(window.EditKeyword.Text()));
-    const std::string sub(Trim(window.EditSubKey.Text()));
-    if (!sub.empty() && key.empty()) {
-        Tell(main, "You must enter a main keyword");
-        return window.EditKeyword.SetFocus();
-    }
-    const std::string line = sub.empty() ? key : key + ":" + sub;
-    ListBox& list = window.ListKeys;
-    const int present = list.Find(line);
-    if (present >= 0) {
-        list.ListIndex = present;
-    } else {
-        if (main.keywords.keyword_edit_mode) list.RemoveItem(list.ListIndex);
-        list.AddItem(line);
-        list.ListIndex = list.NewIndex();
-        EnableLineButtons(window, true);
-    }
-    main.keywords.keyword_edit_mode = false;
-    window.EditKeyword.Text = std::string();
-    window.EditSubKey.Text = std::string();
-    window.EditKeyword.SetFocus();
+    AddKey(main, KeyFieldsOf(main));
 }
 
 void CommandEdit_Click(MainForm& main) {
-    WindowControls& window = main.window;
-    if (window.ListKeys.ListIndex < 0) return;
-    main.keywords.keyword_edit_mode = true;
-    const std::string line = window.ListKeys.Text();
-    const std::size_t colon = line.find(':');
-    window.EditSubKey.Text = colon == npos ? std::string() : line.substr(colon + 1);
-    window.EditKeyword.Text = line.substr(0, colon);
-    window.EditKeyword.SetFocus();
+    EditKey(KeyFieldsOf(main));
 }
 
 void CommandDelete_Click(MainForm& main) {
-    ListBox& list = main.window.ListKeys;
-    const int position = list.ListIndex;
-    if (position < 0) return;
-    list.RemoveItem(position);
-    if (list.ListCount() > 0) {
-        list.ListIndex = std::min(position, list.ListCount() - 1);
-    } else {
-        EnableLineButtons(main.window, false);
-    }
-    main.editor.TopicPropDirty = true;
-    main.keywords.keyword_edit_mode = false;
+    if (DeleteKey(KeyFieldsOf(main))) main.editor.TopicPropDirty = true;
 }
 
 void CommandAddFromIndex_Click(MainForm& main) {
@@ -158,7 +122,7 @@ void ConnectTopicKeywords(MainForm& main) {
     FollowProperty(window.EditKeyword, window.EditKeyword.Text,
                    [&main] { EditKeyword_Change(main); });
     EditKeyword_Change(main);
-    EnableLineButtons(window, false);
+    window.CommandEdit.Enabled = window.CommandDelete.Enabled = false;
     for (TextBox* edit : {&window.EditTitle, &window.EditAlias, &window.EditInteger}) {
         FollowProperty(*edit, edit->Text, [&main] { main.editor.TopicPropDirty = true; });
     }

@@ -96,14 +96,18 @@ std::string_view DeclaredCharset(std::string_view bytes) {
 
 }  // namespace
 
-TextEncoding TopicEncoding(std::string_view bytes, int code_page) {
+std::optional<TextEncoding> ToldEncoding(std::string_view head, int code_page) {
     using Form = TextEncoding::Form;
-    const TextEncoding found = DetectEncoding(bytes, code_page);
+    const TextEncoding found = DetectEncoding(head, code_page);
     if (found.form != Form::kAnsi && found.form != Form::kUtf8) return found;
-    const int declared = CodePageOfCharset(DeclaredCharset(bytes));
-    if (declared == kUtf8CodePage) return {Form::kUtf8, code_page};
-    if (declared != 0) return {Form::kAnsi, declared};
-    return found;
+    const int declared = CodePageOfCharset(DeclaredCharset(head));
+    if (declared == 0) return std::nullopt;
+    if (declared == kUtf8CodePage) return TextEncoding{Form::kUtf8, code_page};
+    return TextEncoding{Form::kAnsi, declared};
+}
+
+TextEncoding TopicEncoding(std::string_view bytes, int code_page) {
+    return ToldEncoding(bytes, code_page).value_or(DetectEncoding(bytes, code_page));
 }
 
 /// `loaded`, unless the text declares another charset now.

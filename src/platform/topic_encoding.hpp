@@ -1,12 +1,17 @@
 // The encoding of a topic file, which keeps its own.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/encoding.hpp"
 
 namespace quorrel {
+
+/// What a byte-order mark or the declared charset says, for which the first 4 KB are enough.
+/// Nothing where all of the text must tell.
+[[nodiscard]] std::optional<TextEncoding> ToldEncoding(std::string_view head, int code_page);
 
 /// A byte-order mark, else the charset that the head declares, else UTF-8 where all of `bytes`
 /// is valid as that beyond ASCII, else `code_page`.

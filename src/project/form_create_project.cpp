@@ -95,6 +95,7 @@ void FormCreateProject::OKButton_Click() {
     main_.outline.doc_dirty = false;
     project.proj_path = BeforeLast(project.proj, '\\', {});
     NameFiles();
+    project.lngMapCount = ReadImageMapCount(main_);
     ShowBuildButtons(main_);
     MakeImagesFolder();
     project.last_file_path = project.proj_path + (javahelp ? "\\HTML" : "");

@@ -5,6 +5,7 @@
 #include "app/tool_bar.hpp"
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
+#include "platform/controls/follow.hpp"
 #include "platform/text.hpp"
 #include "platform/unicode.hpp"
 #include "project/find_topic.hpp"
@@ -23,16 +24,6 @@ constexpr std::string_view kSettings = "Settings";
 constexpr std::string_view kPrefixList = "prefix list";
 constexpr std::string_view kImport = "importhtml";
 constexpr int kTemplateHeight = 4600;  // twips
-
-/// Runs `work` when the text is another one; the control also tells of its other properties.
-template <typename Work>
-void OnChange(Control& control, const Property<std::string>& text, Work work) {
-    control.changed.Connect([&text, work, last = text()]() mutable {
-        if (text() == last) return;
-        last = text();
-        work();
-    });
-}
 
 /// The prefix of a new identifier, without the blanks before it.
 std::string PrefixOf(const TextComboBox& prefix) {
@@ -84,12 +75,12 @@ void FormNewTopic::Listen() {
     Command1.Enabled = false;
     CommandEdit.Enabled = false;
     CommandDelete.Enabled = false;
-    OnChange(EditTitle, EditTitle.Text, [this] { EditTitle_Change(); });
-    OnChange(Dir1, Dir1.Path, [this] { Dir1_Change(); });
-    OnChange(EditKeyword, EditKeyword.Text,
-             [this] { Command1.Enabled = !EditKeyword.Text().empty(); });
-    CheckImport.changed.Connect(
-        [this] { OkCmd.Caption = std::string(CheckImport.Value() ? "Next >" : "Ok"); });
+    FollowProperty(EditTitle, EditTitle.Text, [this] { EditTitle_Change(); });
+    FollowProperty(Dir1, Dir1.Path, [this] { Dir1_Change(); });
+    FollowProperty(EditKeyword, EditKeyword.Text,
+                   [this] { Command1.Enabled = !EditKeyword.Text().empty(); });
+    FollowProperty(CheckImport, CheckImport.Value,
+                   [this] { OkCmd.Caption = std::string(CheckImport.Value() ? "Next >" : "Ok"); });
 }
 
 void FormNewTopic::LoadPrefixes() {

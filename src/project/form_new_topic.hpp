@@ -5,12 +5,12 @@
 #include <string_view>
 #include <vector>
 
+#include "contents/key_fields.hpp"
 #include "platform/controls/combo_box.hpp"
 #include "platform/controls/control.hpp"
 #include "platform/controls/folder_box.hpp"
 #include "platform/controls/list_box.hpp"
 #include "platform/screen.hpp"
-#include "project/key_fields.hpp"
 
 namespace quorrel {
 

@@ -2,6 +2,7 @@
 
 #include "app/main_form.hpp"
 #include "app/tool_bar.hpp"
+#include "contents/node_data.hpp"
 #include "contents/open_contents_item.hpp"
 #include "formats/htmlhelp/hhc.hpp"
 #include "formats/htmlhelp/hhk.hpp"
@@ -82,6 +83,12 @@ void ConvertInMemory(MainForm& main) {
     main.keywords.index_dirty = true;
 }
 
+/// The default topic of a converted project is a path, until the author names a map id.
+void TakeFirstLocationAsDefault(MainForm& main) {
+    const TreeNode& node = FirstNodeWithLocation(main.contents.Tree1);
+    main.project.project_def_topic = UnpackNodeData(node.Tag).location;
+}
+
 void CopyArrowPictures(MainForm& main) {
     for (const std::string_view name : {"\\rtex.gif", "\\dwnex.gif"}) {
         const std::string target = main.project.proj_path + std::string(name);
@@ -107,7 +114,13 @@ void ReadHtmlHelpProject(MainForm& main, const Trap& trap) {
     main.outline.doc_dirty = false;
     if (main.settings.is_javahelp_edition) ConvertInMemory(main);
     main.window.StatusBar1.SetPanel(1, "");
-    if (main.contents.Tree1.Count() > 0) trap([&] { OpenFirstContentsItem(main); });
+    if (main.contents.Tree1.Count() > 0) {
+        trap([&] {
+            // Of a project just converted; a HelpSet that names no home keeps none.
+            if (project.help_mode == 1) TakeFirstLocationAsDefault(main);
+            OpenFirstContentsItem(main);
+        });
+    }
     if (project.project_title.empty()) project.project_title = "Untitled";
     UpdateCaption(main);
     if (!main.settings.is_javahelp_edition) CopyArrowPictures(main);

@@ -116,7 +116,9 @@ void SaveProject(MainForm& main) {
     trap([&] { UpdateRecentList(main); });
     WriteProjectFiles(main, trap);
     ListView& topics = main.topics.ListTopics;
+    ShownProgress progress(main.window.progress, topics.Count());
     for (int i = 1; i <= topics.Count(); ++i) {
+        progress.Next();
         ListRow& row = topics.At(i);
         if (row.SubItems(topic_cell::kModified) != kFlagged) continue;
         trap([&] {

@@ -51,11 +51,16 @@ void CloseTopic(MainForm& main) {
     EditorState& editor = main.editor;
     editor.main_path.clear();
     editor.temp_path.clear();
-    editor.ActiveDirty = false;
-    editor.TopicPropDirty = false;
     main.Source1.SetText({});
     main.DHTMLEdit1.NewDocument("There is no topic to show.");
-    SyncTopicSelection(main);
+    WindowControls& window = main.window;
+    for (TextBox* edit : {&window.EditTitle, &window.EditAlias, &window.EditInteger}) {
+        edit->Text = std::string();
+    }
+    LoadTopicProperties(main);
+    // The emptied fields count as changed.
+    editor.ActiveDirty = false;
+    editor.TopicPropDirty = false;
 }
 
 void LeaveRemovedTopic(MainForm& main) {

@@ -53,13 +53,16 @@ std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view pa
     try {
         std::string bytes = files.ReadFileHead(path, kHeadSize);
         const bool is_head = bytes.size() == kHeadSize;
-        const TextEncoding head_encoding = TopicEncoding(bytes, code_page);
-        const bool wide = head_encoding.form == TextEncoding::Form::kUtf16LittleEndian ||
-                          head_encoding.form == TextEncoding::Form::kUtf16BigEndian;
+        const auto told = ToldEncoding(bytes, code_page);
+        const bool wide = told && (told->form == TextEncoding::Form::kUtf16LittleEndian ||
+                                   told->form == TextEncoding::Form::kUtf16BigEndian);
         if (is_head && !wide) {
             // ASCII is ASCII in all the other encodings, so an ASCII title needs no more.
             auto title = ScanTopicTitle(WholeLines(bytes), path, pieces);
             if (title && IsAscii(*title)) return title;
+            if (title && told) {
+                return ScanTopicTitle(DecodeText(WholeLines(bytes), *told), path, pieces);
+            }
         }
         if (is_head) bytes = files.ReadFile(path);
         // Scanned before it is decoded: "<" and ">" are no part of a double-byte character.

@@ -31,7 +31,7 @@ AddGraphicDialog::AddGraphicDialog(FormAddGraphic& form, QWidget* parent)
     grid->addWidget(MakeButtons(
                         "OKButton", [this] { form_.OKButton_Click(); }, "CancelButton"),
                     3, 0, 1, 3);
-    RestoreSize({480, 0});
+    RestoreSize(objectName(), {480, 0});
     select->setFocus();
 }
 

@@ -18,13 +18,13 @@ CreateProjectDialog::CreateProjectDialog(FormCreateProject& form, QWidget* paren
     auto* all = new QVBoxLayout(this);
     all->addLayout(MakeNotice());
     all->addLayout(MakeProject());
-    all->addWidget(MakeLabel("LabelTitle", form_.LabelTitle, title));
+    all->addWidget(MakeLabel("LabelTitle", form_.LabelTitle, title, 'T'));
     all->addWidget(title);
     all->addStretch();
     all->addWidget(MakeButtons(
         "OKButton", [this] { form_.OKButton_Click(); }, "CancelButton"));
     FollowControl(OkButton(), form_.OKButton);
-    RestoreSize({520, 0});
+    RestoreSize(objectName(), {520, 0});
     findChild<QLineEdit*>("EditProject")->setFocus();
 }
 

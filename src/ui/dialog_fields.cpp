@@ -13,18 +13,13 @@
 namespace quorrel {
 namespace {
 
-void FollowFocus(QWidget* widget, Control& control) {
-    Listen(control.focus_wanted, widget, [widget] { widget->setFocus(); });
-}
-
-/// Shows lines and the selected one; `select` takes the user's choice.
+/// Shows lines and the selected one.
 template <typename List>
 QListWidget* MakeListOf(const char* name, List& control,
                         std::function<std::string(const std::string&)> shown) {
     auto* list = new QListWidget;
     list->setObjectName(name);
     FollowControl(list, control);
-    FollowFocus(list, control);
     const auto show = [list, &control, shown = std::move(shown)] {
         const QSignalBlocker quiet(list);
         QStringList lines;
@@ -51,7 +46,6 @@ QLineEdit* MakeEdit(const char* name, TextBox& control) {
     edit->setObjectName(name);
     edit->setReadOnly(control.Locked());
     FollowTextBox(edit, control);
-    FollowFocus(edit, control);
     return edit;
 }
 
@@ -60,7 +54,6 @@ QLineEdit* MakePathEdit(const char* name, TextBox& control, PathForms forms) {
     edit->setObjectName(name);
     edit->setReadOnly(control.Locked());
     FollowControl(edit, control);
-    FollowFocus(edit, control);
     const auto show = [edit, &control, forms] {
         const QString text = ToQt(forms.native(control.Text()));
         // What is being typed stays as it is while it means the same path.
@@ -83,7 +76,6 @@ QComboBox* MakeTextCombo(const char* name, TextComboBox& control) {
     box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
     FollowControl(box, control);
-    FollowFocus(box, control);
     for (const std::string& item : control.List()) box->addItem(ToQt(item));
     const auto show = [box, &control] {
         const QString text = ToQt(control.Text());
@@ -119,8 +111,10 @@ QLabel* MakeLabel(const QString& caption, QWidget* buddy) {
     return label;
 }
 
-QLabel* MakeLabel(const char* name, Control& control, QWidget* buddy) {
-    QLabel* label = MakeLabel("&" + WithoutMnemonics(ToQt(control.Caption())) + ":", buddy);
+QLabel* MakeLabel(const char* name, Control& control, QWidget* buddy, char key) {
+    QString caption = WithoutMnemonics(ToQt(control.Caption()));
+    caption.insert(qMax<qsizetype>(0, caption.indexOf(QLatin1Char(key))), '&');
+    QLabel* label = MakeLabel(caption + ":", buddy);
     label->setObjectName(name);
     FollowControl(label, control);
     return label;

@@ -42,8 +42,9 @@ QPushButton* MakeButton(const char* name, const QString& caption, Control& contr
 
 /// A label that leads to its field, with "&" before the letter of the access key.
 QLabel* MakeLabel(const QString& caption, QWidget* buddy);
-/// The same with the caption and state of a control, whose first letter is the access key.
-QLabel* MakeLabel(const char* name, Control& control, QWidget* buddy);
+/// The same with the caption and state of a control; the first letter is the access key, or the
+/// first place of `key`.
+QLabel* MakeLabel(const char* name, Control& control, QWidget* buddy, char key = '\0');
 /// A sentence over several lines that leads nowhere.
 QLabel* MakeNote(const char* name, Control& control);
 

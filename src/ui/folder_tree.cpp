@@ -39,7 +39,6 @@ FolderTree::FolderTree(const QString& name, FolderBox& box, const std::string& t
     if (!top.empty()) AddTop(top)->setExpanded(true);
     Follow();
     Listen(box_.changed, this, [this] { Follow(); });
-    Listen(box_.focus_wanted, this, [this] { setFocus(); });
 }
 
 QTreeWidgetItem* FolderTree::AddTop(const std::string& path) {

@@ -36,8 +36,9 @@ QWidget* FormDialog::MakeButtons(const QString& ok_name, std::function<void()> o
     return buttons;
 }
 
-void FormDialog::RestoreSize(QSize otherwise) {
-    if (WindowSettings().RestoreGeometry(objectName(), this)) return;
+void FormDialog::RestoreSize(const QString& name, QSize otherwise) {
+    size_name_ = name;
+    if (WindowSettings().RestoreGeometry(name, this)) return;
     resize(otherwise.expandedTo(sizeHint()));
 }
 
@@ -47,7 +48,7 @@ void FormDialog::reject() {
 }
 
 void FormDialog::done(int result) {
-    WindowSettings().SaveGeometry(objectName(), this);
+    WindowSettings().SaveGeometry(size_name_, this);
     QDialog::done(result);
 }
 

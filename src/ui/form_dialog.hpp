@@ -12,7 +12,7 @@ class QPushButton;
 
 namespace quorrel {
 
-/// A dialog that closes when its form says so, and remembers its size under the form's name.
+/// A dialog that closes when its form says so, and remembers its size.
 class FormDialog : public QDialog {
     Q_OBJECT
   public:
@@ -34,12 +34,13 @@ class FormDialog : public QDialog {
                          const QString& cancel_name);
     /// The default button, once it is made.
     [[nodiscard]] QPushButton* OkButton() const { return ok_; }
-    /// The remembered size, or as large as `otherwise` at least.
-    void RestoreSize(QSize otherwise);
+    /// The size that is remembered under `name`, or as large as `otherwise` at least.
+    void RestoreSize(const QString& name, QSize otherwise);
 
   private:
     Form& form_;
     QPushButton* ok_ = nullptr;
+    QString size_name_;
 };
 
 }  // namespace quorrel

@@ -23,6 +23,7 @@
 #include "ui/listen.hpp"
 #include "ui/outline_pane.hpp"
 #include "ui/pane_area.hpp"
+#include "ui/progress_view.hpp"
 #include "ui/qt_text.hpp"
 #include "ui/topic_properties_page.hpp"
 #include "ui/topics_pane.hpp"
@@ -108,6 +109,8 @@ void MainWindow::MakeStatusBar() {
     path_->setAccessibleName("Path of the topic");
     statusBar()->addWidget(state_, 1);
     statusBar()->addWidget(path_, 2);
+    constexpr int kPatience = 300;
+    statusBar()->addPermanentWidget(new ProgressView(main_.window.progress, "progress", kPatience));
 }
 
 void MainWindow::FollowWindow() {

@@ -26,7 +26,7 @@ NewFolderDialog::NewFolderDialog(FormNewFolder& form, QWidget* parent)
     all->addWidget(MakeButtons(
         "OKButton", [this] { form_.OKButton_Click(); }, "CancelButton"));
     FollowControl(OkButton(), form_.OKButton);
-    RestoreSize({400, 0});
+    RestoreSize(objectName(), {400, 0});
     name->setFocus();
 }
 

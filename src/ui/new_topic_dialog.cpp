@@ -9,12 +9,15 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShortcut>
 #include <algorithm>
 
 #include "platform/text.hpp"
 #include "ui/dialog_fields.hpp"
+#include "ui/enter_key.hpp"
 #include "ui/folder_tree.hpp"
 #include "ui/listen.hpp"
+#include "ui/metrics.hpp"
 #include "ui/qt_text.hpp"
 
 namespace quorrel {
@@ -52,7 +55,11 @@ NewTopicDialog::NewTopicDialog(FormNewTopic& form, QWidget* parent)
     all->addWidget(MakeButtons(
         "OkCmd", [this] { form_.OkCmd_Click(); }, "CancelCmd"));
     FollowButton(OkButton(), form_.OkCmd);
-    RestoreSize(form_.Height == 0 ? QSize(640, 620) : QSize(600, 400));
+    if (form_.Height == 0) {
+        RestoreSize("FormNewTopic", {640, 620});
+    } else {
+        RestoreSize("FormNewTopic.template", {640, PixelsOfTwips(form_.Height)});
+    }
     QWidget* first = findChild<QWidget*>(form_.EditTitle.Enabled() ? "EditTitle" : "EditFile");
     first->setFocus();
 }
@@ -115,6 +122,10 @@ QLayout* NewTopicDialog::MakeKeywordFields() {
     QLineEdit* sub_key = MakeEdit("EditSubKey", form_.EditSubKey);
     QPushButton* add = MakeButton("Command1", "A&dd", form_.Command1);
     OnClick(add, [this] { form_.Command1_Click(); });
+    for (QLineEdit* edit : {keyword, sub_key}) {
+        // The key that is being typed is not to be lost by it.
+        new EnterKey(edit, [this, add] { (add->isEnabled() ? add : OkButton())->click(); });
+    }
     auto* row = new QHBoxLayout;
     row->addWidget(MakeLabel("&Keyword:", keyword));
     row->addWidget(keyword, 1);
@@ -132,6 +143,8 @@ QWidget* NewTopicDialog::MakeKeywords() {
     OnClick(edit, [this] { form_.CommandEdit_Click(); });
     QPushButton* remove = MakeButton("CommandDelete", "De&lete", form_.CommandDelete);
     OnClick(remove, [this] { form_.CommandDelete_Click(); });
+    auto* delete_key = new QShortcut(Qt::Key_Delete, list, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(delete_key, &QShortcut::activated, remove, &QPushButton::click);
     auto* buttons = new QVBoxLayout;
     buttons->addWidget(edit);
     buttons->addWidget(remove);

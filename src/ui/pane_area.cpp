@@ -2,7 +2,6 @@
 
 #include <QFrame>
 #include <QLabel>
-#include <QProgressBar>
 #include <QShortcut>
 
 #include <algorithm>
@@ -10,6 +9,7 @@
 
 #include "app/main_form.hpp"
 #include "ui/listen.hpp"
+#include "ui/progress_view.hpp"
 #include "ui/split_grip.hpp"
 #include "ui/tab_strip_bar.hpp"
 
@@ -38,7 +38,8 @@ PaneArea::PaneArea(MainForm& main)
     setObjectName("PictureBackground");
     MakeTabs();
     MakeSplitter();
-    MakeProgress();
+    auto* progress = new ProgressView(main.window.ProgressReport, "ProgressReport", 0, this);
+    panes_.push_back({progress, &PaneLayout::ProgressReport});
     Listen(main_.window.panes_changed, this, [this] { Apply(); });
 }
 
@@ -97,25 +98,6 @@ void PaneArea::Add(std::string_view name, QWidget* pane, PaneRect PaneLayout::*p
     const auto follow = [pane, &control] { pane->setVisible(control.Visible()); };
     follow();
     Listen(control.changed, pane, follow);
-}
-
-void PaneArea::MakeProgress() {
-    auto* bar = new QProgressBar(this);
-    bar->setObjectName("ProgressReport");
-    bar->setAccessibleName("Progress of the report");
-    bar->hide();
-    panes_.push_back({bar, &PaneLayout::ProgressReport});
-    ProgressBar& progress = main_.window.ProgressReport;
-    Listen(progress.changed, bar, [bar, &progress] {
-        const bool is_shown = progress.Visible();
-        if (is_shown && !bar->isVisible()) bar->raise();
-        bar->setVisible(is_shown);
-        const int percent = 100 * progress.Value() / std::max(1, progress.Max());
-        if (!is_shown || percent == bar->value()) return;
-        bar->setValue(percent);
-        // The work that it tells of leaves no time to the event loop.
-        bar->repaint();
-    });
 }
 
 void PaneArea::AddExternalEditorLabel() {

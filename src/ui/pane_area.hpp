@@ -47,7 +47,6 @@ class PaneArea : public QWidget {
 
     void MakeTabs();
     void MakeSplitter();
-    void MakeProgress();
     /// Tells the rectangles the size of the window.
     void Resize();
     void Apply();

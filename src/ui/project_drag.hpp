@@ -1,4 +1,4 @@
-// Drags of the project's items: nodes of the contents and keywords of the index.
+// Drags of the project's items: nodes of the contents, topics and keywords of the index.
 #pragma once
 
 #include <QDrag>

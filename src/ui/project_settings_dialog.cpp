@@ -34,11 +34,14 @@ ProjectSettingsDialog::ProjectSettingsDialog(FormProjectSettings& form, QWidget*
     all->addWidget(tabs_, 1);
     all->addWidget(MakeButtons(
         "cmdOK", [this] { form_.cmdOK_Click(); }, "cmdCancel"));
-    RestoreSize({560, 400});
+    RestoreSize(objectName(), {560, 400});
     Listen(form_.tbsOptions.changed, this, [this] { FollowPage(); });
     FollowPage();
-    QWidget* first = tabs_->currentWidget()->nextInFocusChain();
-    first->setFocus();
+    for (QLineEdit* edit : tabs_->currentWidget()->findChildren<QLineEdit*>()) {
+        if (edit->isReadOnly()) continue;
+        edit->setFocus();
+        break;
+    }
 }
 
 void ProjectSettingsDialog::FollowPage() {

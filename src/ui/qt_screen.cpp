@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QShortcut>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
@@ -93,6 +94,36 @@ void SetButtons(QMessageBox& box, MessageButtons buttons) {
     }
 }
 
+template <typename View, typename Logic>
+std::unique_ptr<QDialog> Make(Form& form, QWidget* parent) {
+    return std::make_unique<View>(static_cast<Logic&>(form), parent);
+}
+
+struct DialogOf {
+    std::string_view form;
+    std::unique_ptr<QDialog> (*make)(Form& form, QWidget* parent);
+};
+constexpr DialogOf kDialogs[] = {
+    {"FormStartup", Make<StartupDialog, FormStartup>},
+    {"FormSettings", Make<SettingsDialog, FormSettings>},
+    {"FormErrorLog", Make<ErrorLogDialog, FormErrorLog>},
+    {"FormNewTopic", Make<NewTopicDialog, FormNewTopic>},
+    {"FormNewFolder", Make<NewFolderDialog, FormNewFolder>},
+    {"FormCreateProject", Make<CreateProjectDialog, FormCreateProject>},
+    {"FormProjectSettings", Make<ProjectSettingsDialog, FormProjectSettings>},
+    {"FormAddGraphic", Make<AddGraphicDialog, FormAddGraphic>},
+};
+
+std::unique_ptr<QDialog> MakeDialog(Form& form) {
+    if (form.Name() == "frmSplash") {
+        return std::make_unique<SplashDialog>(static_cast<frmSplash&>(form));
+    }
+    for (const DialogOf& dialog : kDialogs) {
+        if (dialog.form == form.Name()) return dialog.make(form, ParentForDialog());
+    }
+    qFatal("no view for %s", std::string(form.Name()).c_str());
+}
+
 }  // namespace
 
 class QtScreen::NormalPointer {
@@ -116,28 +147,12 @@ class QtScreen::NormalPointer {
 void QtScreen::ShowModal(Form& form) {
     {
         const NormalPointer pointer(hourglasses_);
-        QWidget* parent = ParentForDialog();
-        if (form.Name() == "frmSplash") {
-            SplashDialog(static_cast<frmSplash&>(form)).exec();
-        } else if (form.Name() == "FormStartup") {
-            StartupDialog(static_cast<FormStartup&>(form), parent).exec();
-        } else if (form.Name() == "FormSettings") {
-            SettingsDialog(static_cast<FormSettings&>(form), parent).exec();
-        } else if (form.Name() == "FormErrorLog") {
-            ErrorLogDialog(static_cast<FormErrorLog&>(form), parent).exec();
-        } else if (form.Name() == "FormNewTopic") {
-            NewTopicDialog(static_cast<FormNewTopic&>(form), parent).exec();
-        } else if (form.Name() == "FormNewFolder") {
-            NewFolderDialog(static_cast<FormNewFolder&>(form), parent).exec();
-        } else if (form.Name() == "FormCreateProject") {
-            CreateProjectDialog(static_cast<FormCreateProject&>(form), parent).exec();
-        } else if (form.Name() == "FormProjectSettings") {
-            ProjectSettingsDialog(static_cast<FormProjectSettings&>(form), parent).exec();
-        } else if (form.Name() == "FormAddGraphic") {
-            AddGraphicDialog(static_cast<FormAddGraphic&>(form), parent).exec();
-        } else {
-            qFatal("no view for %s", std::string(form.Name()).c_str());
-        }
+        const std::unique_ptr<QDialog> dialog = MakeDialog(form);
+        auto* help = new QShortcut(QKeySequence::HelpContents, dialog.get());
+        QObject::connect(help, &QShortcut::activated, dialog.get(), [this, &form] {
+            if (help_wanted) help_wanted(form.Name());
+        });
+        dialog->exec();
     }
     form.Unload();
 }

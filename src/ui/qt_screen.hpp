@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 #include "platform/file_system.hpp"
@@ -22,6 +23,9 @@ class QtScreen : public Screen {
     void DoEvents() override;
     void Beep() override;
     void SetClipboardText(std::string_view text) override;
+
+    /// The user asks for help in the dialog of this form.
+    std::function<void(std::string_view form)> help_wanted;
 
   private:
     /// A dialog is used with the normal pointer, whatever runs behind it.

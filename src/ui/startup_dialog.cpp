@@ -29,8 +29,8 @@ StartupDialog::StartupDialog(FormStartup& form, QWidget* parent)
     MakeList();
     auto* label = new QLabel(form_.ListProjects.Count() > 0
                                  ? "&Recent projects:"
-                                 : "There are no &recent projects yet. Choose \"More Projects...\" "
-                                   "to open one.");
+                                 : "There are no &recent projects yet. Make one with \"New "
+                                   "Project\", or open one with \"More Projects...\".");
     label->setBuddy(list_);
     auto* recent = new QVBoxLayout;
     recent->addWidget(label);
@@ -43,7 +43,11 @@ StartupDialog::StartupDialog(FormStartup& form, QWidget* parent)
     all->addLayout(MakeButtons());
     if (!settings_.RestoreGeometry("FormStartup", this)) resize(640, 380);
     settings_.RestoreColumns("FormStartup", list_->header());
-    list_->setFocus();
+    if (form_.ListProjects.Count() > 0) {
+        list_->setFocus();
+    } else {
+        findChild<QWidget*>("Command1")->setFocus();
+    }
 }
 
 void StartupDialog::MakeList() {

@@ -1,10 +1,8 @@
 #include "ui/topics_pane.hpp"
 
-#include <QApplication>
 #include <QDrag>
 #include <QHeaderView>
 #include <QMimeData>
-#include <QMouseEvent>
 
 #include "app/main_form.hpp"
 #include "project/open_topic.hpp"
@@ -17,6 +15,7 @@ namespace quorrel {
 TopicsPane::TopicsPane(MainForm& main, QWidget* parent)
     : ReportList(main.topics.ListTopics, "ListTopics", parent), main_(main) {
     setAccessibleName("Topics");
+    setDragEnabled(true);
     header()->setSectionsClickable(true);
     header()->setSectionsMovable(false);
     header()->setSortIndicatorShown(true);
@@ -26,32 +25,20 @@ TopicsPane::TopicsPane(MainForm& main, QWidget* parent)
     connect(this, &QAbstractItemView::clicked, this, [this] { ListTopics_Click(main_); });
 }
 
-void TopicsPane::mousePressEvent(QMouseEvent* event) {
-    pressed_ = event->pos();
-    ReportList::mousePressEvent(event);
-    row_is_pressed_ = event->button() == Qt::LeftButton && indexAt(pressed_).isValid();
-}
-
-void TopicsPane::mouseMoveEvent(QMouseEvent* event) {
-    const bool is_drag = row_is_pressed_ && event->buttons().testFlag(Qt::LeftButton);
-    if (!is_drag) return ReportList::mouseMoveEvent(event);
-    const int way = (event->pos() - pressed_).manhattanLength();
-    if (way >= QApplication::startDragDistance()) DragRow();
-}
-
-void TopicsPane::DragRow() {
-    row_is_pressed_ = false;
-    const ListView& table = main_.topics.ListTopics;
-    const ListRow* row = table.SelectedItem();
-    if (row == nullptr) return;
+void TopicsPane::startDrag(Qt::DropActions) {
     ListTopics_DragStart(main_);
-    auto* topic = new QMimeData;
-    topic->setData(kTopicRowMime, QByteArray::number(table.PositionOf(*row)));
-    topic->setText(ToQt(row->Text()));
-    auto* drag = new QDrag(this);
-    drag->setMimeData(topic);
-    drag->setPixmap(QIcon(":/quorrel/icons/page.svg").pixmap(QSize(16, 16), devicePixelRatioF()));
-    drag->exec(Qt::CopyAction);
+    const ContentsState& contents = main_.contents;
+    if (contents.drag_list_item != nullptr) {
+        auto* item = new QMimeData;
+        item->setData(kProjectItemMime, {});
+        // The source view and other programs take the link as text.
+        item->setText(ToQt(contents.tree_drag_text));
+        auto* drag = new QDrag(this);
+        drag->setMimeData(item);
+        drag->setPixmap(
+            QIcon(":/quorrel/icons/page.svg").pixmap(QSize(16, 16), devicePixelRatioF()));
+        run_drag(*drag, Qt::CopyAction);
+    }
     ListTopics_DragEnd(main_);
 }
 

@@ -2,34 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <sstream>
 #include <vector>
 
-#include "support/scratch_folder.hpp"
+#include "cli_fixture.hpp"
 
 namespace quorrel {
 namespace {
 
-struct Outcome {
-    int code = 0;
-    std::string out, err;
-};
-
-Outcome RunProgram(std::vector<const char*> arguments, const std::string& input = {}) {
-    arguments.insert(arguments.begin(), "quorrel-cli");
-    std::istringstream in(input);
-    std::ostringstream out;
-    std::ostringstream err;
-    const int code = RunCli(static_cast<int>(arguments.size()), arguments.data(), in, out, err);
-    return {code, out.str(), err.str()};
-}
-
-class Cli : public testing::Test {
-  protected:
-    Cli() { setenv("XDG_CONFIG_HOME", folder.Native("config").c_str(), 1); }
-    test::ScratchFolder folder;
-};
+using test::Cli;
+using test::Outcome;
+using test::RunProgram;
 
 TEST_F(Cli, ResavesAProjectAndTellsWhatItCouldNotRead) {
     const std::string contents =

@@ -49,6 +49,9 @@ TEST_F(KeywordStore, ASubKeyGetsItsHeadRow) {
     AddToIndex(main, "T", "1", "z    :1;z    :a buzz;z    :q;");
     const Lines rows = Rows();
     EXPECT_EQ(std::count(rows.begin(), rows.end(), "z|z|"), 3);
+    main.keywords.ListKeywords.Clear();
+    AddToIndex(main, "T", "1", "    :of nothing;");
+    EXPECT_EQ(Rows(), (Lines{"||", "      of nothing|    :of nothing|T>1;:"}));
 }
 
 TEST_F(KeywordStore, ABookmarkGetsAMapIdInAJavaHelpProject) {
@@ -91,7 +94,7 @@ TEST_F(KeywordStore, AHeadStaysForItsSubKeysAndGoesWithTheFirst) {
 TEST_F(KeywordStore, RenamingReplacesTextInTheRowsOfThePath) {
     AddToIndex(main, "Old", "1", "a;b;");
     AddToIndex(main, "Old", "2", "b;c;");
-    RenameTitleInIndex(main.keywords, "New", "Old", "1");
+    RenameTitleInIndex(main.keywords, KeywordsOfTopic(main.keywords, "1"), "New", "Old", "1");
     EXPECT_EQ(Rows(), (Lines{"a|a|New>1;:", "b|b|New>1;:New>2;:", "c|c|Old>2;:"}));
 }
 

@@ -181,6 +181,10 @@ TEST_F(HelpSetProject, OpensWithItsFirstTopic) {
     EXPECT_EQ(main.keywords.ListKeywords.Count(), 1);
     EXPECT_EQ(surface.DocumentHTML(), folder.Read("p/HTML/A.htm"));
     EXPECT_EQ(main.window.StatusBar1.Panel(1), "two lines");
+    folder.Write("p/g.hs", "<mapref location=\"m.jhm\"/><view><data>t.xml</data>TOCView</view>");
+    Open("p/g.hs", "");
+    EXPECT_EQ(surface.DocumentHTML(), folder.Read("p/HTML/A.htm"));
+    EXPECT_EQ(main.project.project_def_topic, "") << "a map id, and the author has named none";
 }
 
 }  // namespace

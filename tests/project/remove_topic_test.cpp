@@ -72,6 +72,8 @@ TEST_F(RemovedTopic, GivesWayToTheNextOne) {
     EXPECT_EQ(main.editor.main_path, "");
     EXPECT_EQ(surface.DocumentHTML(), "");
     EXPECT_EQ(main.window.StatusBar1.Panel(1), "");
+    EXPECT_EQ(main.window.EditTitle.Text(), "");
+    EXPECT_FALSE(main.editor.TopicPropDirty);
     EXPECT_FALSE(folder.Exists("demo/html/second.htm"));
     EXPECT_FALSE(folder.Exists("demo/html/second.htm.tmp.htm"));
     EXPECT_EQ(log_lines, std::vector<std::string>{});

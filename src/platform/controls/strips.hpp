@@ -51,4 +51,24 @@ class ProgressBar : public Control {
     Property<int> Value{changed};
 };
 
+/// Shows a bar while it lives.
+class ShownProgress {
+  public:
+    /// Of so many pieces of work.
+    ShownProgress(ProgressBar& bar, int pieces) : bar_(bar) {
+        bar_.Max = pieces;
+        bar_.Value = 0;
+        bar_.Visible = true;
+    }
+    ShownProgress(const ShownProgress&) = delete;
+    ShownProgress& operator=(const ShownProgress&) = delete;
+    ~ShownProgress() { bar_.Visible = false; }
+
+    /// A piece is done.
+    void Next() { bar_.Value = bar_.Value() + 1; }
+
+  private:
+    ProgressBar& bar_;
+};
+
 }  // namespace quorrel

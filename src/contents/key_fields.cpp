@@ -1,4 +1,4 @@
-#include "project/key_fields.hpp"
+#include "contents/key_fields.hpp"
 
 #include <algorithm>
 #include <string>
@@ -51,6 +51,7 @@ void AddKey(MainForm& main, const KeyFields& fields) {
 }
 
 void EditKey(const KeyFields& fields) {
+    if (fields.ListKeys.ListIndex < 0) return;
     fields.editing = true;
     const std::string line = fields.ListKeys.Text();
     const std::size_t colon = line.find(':');
@@ -59,9 +60,10 @@ void EditKey(const KeyFields& fields) {
     fields.EditKeyword.SetFocus();
 }
 
-void DeleteKey(const KeyFields& fields) {
+bool DeleteKey(const KeyFields& fields) {
     ListBox& list = fields.ListKeys;
     const int position = list.ListIndex;
+    if (position < 0) return false;
     list.RemoveItem(position);
     if (list.ListCount() == 0) {
         EnableLineCommands(fields, false);
@@ -69,6 +71,7 @@ void DeleteKey(const KeyFields& fields) {
         list.ListIndex = std::min(position, list.ListCount() - 1);
     }
     fields.editing = false;
+    return true;
 }
 
 }  // namespace quorrel

@@ -24,7 +24,7 @@ struct KeyFields {
 void AddKey(MainForm& main, const KeyFields& fields);
 /// Puts the selected line into the fields.
 void EditKey(const KeyFields& fields);
-/// Removes the selected line.
-void DeleteKey(const KeyFields& fields);
+/// Removes the selected line. False where there is none.
+bool DeleteKey(const KeyFields& fields);
 
 }  // namespace quorrel

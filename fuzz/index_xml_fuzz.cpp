@@ -1,0 +1,26 @@
+// The keyword index of JavaHelp read, written and read again.
+#include "formats/javahelp/index_xml.hpp"
+
+#include "fuzz_support.hpp"
+#include "javahelp_tables.hpp"
+
+using namespace quorrel;
+
+static std::string ReadAndWrite(const std::string& text) {
+    const fuzz::QuietTrap trap;
+    TopicTables tables;
+    fuzz::FillJavaHelpTables(tables);
+    KeywordState keywords;
+    ReadIndexXml(text, keywords, tables, trap);
+    try {
+        return WriteIndexXml(keywords.ListKeywords, tables);
+    } catch (const RuntimeError&) {
+        return {};  // too large
+    }
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string text = fuzz::Input(data, size).RestAsText();
+    (void)ReadAndWrite(ReadAndWrite(text));
+    return 0;
+}

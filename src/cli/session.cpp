@@ -1,0 +1,58 @@
+#include "cli/session.hpp"
+
+#include <ostream>
+
+#include "app/startup.hpp"
+#include "platform/text.hpp"
+#include "project/open_project.hpp"
+#include "project/save_project.hpp"
+
+namespace quorrel {
+namespace {
+
+/// Tells why the project cannot be read, or an empty text.
+std::string WhyUnreadable(FileSystem& files, const std::string& path) {
+    try {
+        (void)files.ReadFileHead(path, 1);
+        return {};
+    } catch (const RuntimeError& error) {
+        return error.what();
+    }
+}
+
+}  // namespace
+
+MessageAnswer CliScreen::ShowMessage(const Message& message) {
+    err_ << "quorrel-cli: " << ReplaceAll(message.text, "\r\n", "\n") << '\n';
+    return SilentScreen::ShowMessage(message);
+}
+
+Session::Session(const ProjectCall& call, NativeFileSystem& files, std::ostream& err)
+    : call_(call),
+      files_(files),
+      err_(err),
+      main({files_, screen_, surface_, source_, browser_, shell_},
+           files_.WindowsPath(NativeSettingsFolder())) {
+    surface_.code_page = [this] { return main.texts.CodePageNumber(); };
+    main.log.listener = [this](std::string_view line) { err_ << line << '\n'; };
+}
+
+bool Session::Open() {
+    const std::string path = files_.WindowsPath(call_.project);
+    if (const std::string why = WhyUnreadable(files_, path); !why.empty()) {
+        err_ << "quorrel-cli: " << call_.project << ": " << why << '\n';
+        return false;
+    }
+    LoadSettings(main, call_.edition == "javahelp" ? "" : "html");
+    main.project.recent_proj = path;
+    OpenProject_Click(main);
+    return true;
+}
+
+bool Session::Save() {
+    const int errors_before = main.log.Count();
+    FileSave_Click(main);
+    return main.log.Count() == errors_before;
+}
+
+}  // namespace quorrel
