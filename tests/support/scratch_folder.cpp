@@ -1,20 +1,20 @@
 #include "support/scratch_folder.hpp"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <random>
 
 namespace quorrel::test {
 
 namespace fs = std::filesystem;
 
 ScratchFolder::ScratchFolder() {
-    std::string pattern = (fs::temp_directory_path() / "quorrel-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no scratch folder");
-    path_ = pattern;
+    std::random_device random;
+    do {
+        path_ = fs::temp_directory_path() / ("quorrel-" + std::to_string(random()));
+    } while (!fs::create_directory(path_));
 }
 
 ScratchFolder::~ScratchFolder() {
@@ -37,11 +37,18 @@ std::string ScratchFolder::Read(std::string_view name) const {
 }
 
 bool ScratchFolder::Exists(std::string_view name) const {
-    return fs::exists(path_ / name);
+    // Not for the system to say, which may find a name in any case.
+    const fs::path file = path_ / name;
+    std::error_code none;
+    for (const auto& entry : fs::directory_iterator(file.parent_path(), none)) {
+        if (entry.path().filename() == file.filename()) return true;
+    }
+    return false;
 }
 
 std::string ScratchFolder::Native(std::string_view name) const {
-    return name.empty() ? path_.string() : (path_ / name).string();
+    fs::path file = name.empty() ? path_ : path_ / name;
+    return file.make_preferred().string();
 }
 
 std::string ScratchFolder::Windows(std::string_view name) const {
