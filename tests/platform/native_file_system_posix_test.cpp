@@ -80,6 +80,15 @@ TEST_F(PosixFiles, FullDeviceIsError61) {
     EXPECT_EQ(NumberOf([&] { files.WriteFile("Z:\\dev\\full", "x"); }), 61);
 }
 
+TEST_F(PosixFiles, MoveChangesTheCaseOfAName) {
+    folder.Write("Sub/page.htm", "x");
+    EXPECT_TRUE(files.MoveFile(Path("sub/page.htm"), Path("SUB/Page.HTM")));
+    EXPECT_EQ(folder.Read("Sub/Page.HTM"), "x");
+    EXPECT_FALSE(folder.Exists("Sub/page.htm"));
+    EXPECT_TRUE(files.MoveFile(Path("Sub"), Path("SUB")));
+    EXPECT_EQ(folder.Read("SUB/Page.HTM"), "x");
+}
+
 // Two names of one file are a collision all the same: the target must not be lost.
 TEST_F(PosixFiles, MoveOntoALinkedFileIsRefused) {
     folder.Write("real.txt", "x");

@@ -101,15 +101,6 @@ TEST_F(NativeFiles, MoveDoesNotReplace) {
     EXPECT_FALSE(folder.Exists("a.txt"));
 }
 
-TEST_F(NativeFiles, MoveChangesTheCaseOfAName) {
-    folder.Write("Sub/page.htm", "x");
-    EXPECT_TRUE(files.MoveFile(Path("sub/page.htm"), Path("SUB/Page.HTM")));
-    EXPECT_EQ(folder.Read("Sub/Page.HTM"), "x");
-    EXPECT_FALSE(folder.Exists("Sub/page.htm"));
-    EXPECT_TRUE(files.MoveFile(Path("Sub"), Path("SUB")));
-    EXPECT_EQ(folder.Read("SUB/Page.HTM"), "x");
-}
-
 TEST_F(NativeFiles, CopyReplacesOnlyWhenAllowed) {
     folder.Write("a", std::string("a\0a", 3));
     folder.Write("B", "b");
