@@ -4,6 +4,8 @@
 #include "app/tool_bar.hpp"
 #include "editor/format_commands.hpp"
 #include "editor/formatting.hpp"
+#include "project/form_create_project.hpp"
+#include "project/new_topic.hpp"
 #include "project/open_project.hpp"
 #include "project/save_project.hpp"
 
@@ -13,8 +15,8 @@ namespace {
 constexpr Routine kNotBuilt = nullptr;
 
 constexpr ToolButton kToolBar[] = {
-    {"NewProj", "New Project", kNotBuilt, "project-development-new-template"},
-    {"New", "New Topic", kNotBuilt, "document-new"},
+    {"NewProj", "New Project", FileNewProject_Click, "project-development-new-template"},
+    {"New", "New Topic", FileNew_Click, "document-new"},
     {"Open", "Open Project", OpenProject_Click, "document-open"},
     {"Save", "Save Project", FileSave_Click, "document-save"},
     {"Print", "Print", Print_Click, "document-print"},

@@ -1,6 +1,7 @@
 #include "app/form_error_log.hpp"
 
 #include "app/main_form.hpp"
+#include "app/user_guide.hpp"
 #include "editor/save_html.hpp"
 #include "platform/text.hpp"
 #include "platform/text_lines.hpp"
@@ -40,8 +41,6 @@ FormErrorLog::FormErrorLog(MainForm& main, ErrorLogMode mode) : main_(main), mod
     Command3.Caption = std::string("Help");
     Command2.Visible = false;
     Command3.Visible = false;
-    Command3.Enabled = false;
-    Command3.ToolTipText = std::string("Not available yet.");
     const std::string file = FileName(mode, main.settings.is_javahelp_edition);
     if (mode == ErrorLogMode::kStyleSheet) Caption = "Style Sheet File: " + file;
     if (mode == ErrorLogMode::kScript) Caption = "JavaScript File: " + file;
@@ -80,6 +79,10 @@ void FormErrorLog::Command1_Click() {
     } catch (const RuntimeError& error) {
         TellSaveFailure(main_, error.Number());
     }
+}
+
+void FormErrorLog::Command3_Click() {
+    ShowHelp(main_, HelpIdentifier(Name()));
 }
 
 void editcssfile_Click(MainForm& main) {

@@ -28,6 +28,7 @@ class FormErrorLog : public Form {
     /// told, and the form stays.
     void Command1_Click();
     void Command2_Click() { closed = true; }
+    void Command3_Click();
 
   private:
     void LetEdit();

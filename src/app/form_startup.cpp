@@ -2,6 +2,7 @@
 
 #include "app/main_form.hpp"
 #include "app/recent_projects.hpp"
+#include "project/form_create_project.hpp"
 #include "project/open_project.hpp"
 #include "project/side_files.hpp"
 
@@ -13,7 +14,6 @@ FormStartup::FormStartup(MainForm& main) : main_(main) {
         RecentEntry entry = SplitRecentEntry(value);
         ListProjects.Add(std::move(entry.title)).SetSubItem(kLocation, std::move(entry.path));
     }
-    Command1.Enabled = false;
     Command2.Caption = std::string("Ok");
     Command3.Caption = std::string("Cancel");
     Command4.Caption = std::string("More Projects...");
@@ -28,6 +28,11 @@ void FormStartup::ListProjects_Click() {
 
 void FormStartup::CloseIfOpened() {
     if (main_.project.proj_success) closed = true;
+}
+
+void FormStartup::Command1_Click() {
+    FileNewProject_Click(main_);
+    CloseIfOpened();
 }
 
 void FormStartup::Command2_Click() {

@@ -25,6 +25,7 @@ class FormStartup : public Form {
 
     void ListProjects_Click();
     void ListProjects_DblClick() { Command2_Click(); }
+    void Command1_Click();
     void Command2_Click();
     void Command3_Click() { closed = true; }
     void Command4_Click();

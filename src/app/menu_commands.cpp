@@ -6,12 +6,12 @@
 #include "app/commands.hpp"
 #include "app/main_form.hpp"
 #include "app/tool_bar.hpp"
+#include "app/views.hpp"
 #include "editor/format_commands.hpp"
 #include "editor/formatting.hpp"
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
 #include "platform/text.hpp"
-#include "project/open_topic.hpp"
 #include "project/topic_title.hpp"
 
 namespace quorrel {
@@ -149,14 +149,6 @@ void D2D_Click(MainForm& main) {
         StatusOf(main, surface_command::DECMD_LOCK_ELEMENT) == command_status::kLatched;
 }
 
-void mnulistpop_Opening(MainForm& main) {
-    const bool has_row = main.topics.ListTopics.SelectedItem() != nullptr;
-    for (const std::string_view name :
-         {"poplstopen", "poplstproperties", "poplstremove", "poplstdelete"}) {
-        SetEnabled(main, name, has_row);
-    }
-}
-
 void fileopen_Click(MainForm& main) {
     FileDialog dialog;
     dialog.title = "Open HTML File";
@@ -233,19 +225,14 @@ void AboutQuorrelEdit_Click(MainForm& main) {
     if (main.window.show_about) main.window.show_about();
 }
 
+void preview_kb_Click(MainForm& main) {
+    TabStrip& tabs = main.window.TabStrip2;
+    if (tabs.SelectedIndex() == right_tab::kPreview) return TabStrip2_Click(main);
+    tabs.SelectedIndex = right_tab::kPreview;
+}
+
 void popproperties_Click(MainForm& main) {
     main.window.TabStrip2.SelectedIndex = right_tab::kOrganizeTOC;
-}
-
-void poplstopen_Click(MainForm& main) {
-    const ListRow* row = main.topics.ListTopics.SelectedItem();
-    if (row != nullptr) OpenTopicRow(main, *row);
-}
-
-void poplstproperties_Click(MainForm& main) {
-    poplstopen_Click(main);
-    WaitForSurface(main);
-    main.window.TabStrip2.SelectedIndex = right_tab::kProperties;
 }
 
 void expandpane_Click(MainForm& main) {

@@ -15,7 +15,6 @@ void FormatMain_Click(MainForm& main);
 void Format_Click(MainForm& main);
 void table_Click(MainForm& main);
 void D2D_Click(MainForm& main);
-void mnulistpop_Opening(MainForm& main);
 
 /// Opens an HTML file that the user chooses; it does not become a topic of the project.
 void fileopen_Click(MainForm& main);
@@ -33,10 +32,11 @@ void checkforupdates_Click(MainForm& main);
 void CheckForUpdates(MainForm& main, std::string_view address);
 void AboutQuorrelEdit_Click(MainForm& main);
 
+/// Goes to the preview; from there it shows the topic anew.
+void preview_kb_Click(MainForm& main);
+
 // Context menus of the lists.
 void popproperties_Click(MainForm& main);
-void poplstopen_Click(MainForm& main);
-void poplstproperties_Click(MainForm& main);
 void expandpane_Click(MainForm& main);
 
 }  // namespace quorrel

@@ -4,10 +4,18 @@
 #include "app/form_settings.hpp"
 #include "app/menu_commands.hpp"
 #include "app/tool_bar.hpp"
+#include "app/user_guide.hpp"
+#include "contents/contents_tree.hpp"
+#include "contents/see_also.hpp"
+#include "contents/topic_keywords.hpp"
 #include "editor/formatting.hpp"
 #include "formats/htmlhelp/hhp.hpp"
+#include "project/form_create_project.hpp"
+#include "project/form_project_settings.hpp"
+#include "project/new_topic.hpp"
 #include "project/open_project.hpp"
 #include "project/save_project.hpp"
+#include "project/topic_list.hpp"
 
 namespace quorrel {
 namespace {
@@ -21,11 +29,11 @@ void At(MainForm& main) {
 constexpr Routine kNotBuilt = nullptr;
 
 constexpr Command kFile[] = {
-    {"FileNewProject", "&New Project", kNotBuilt, "Ctrl+Shift+N",
+    {"FileNewProject", "&New Project", FileNewProject_Click, "Ctrl+Shift+N",
      "project-development-new-template", "Makes a new help project."},
-    {"FileNew", "N&ew Topic...", kNotBuilt, "Ctrl+N", "document-new",
+    {"FileNew", "N&ew Topic...", FileNew_Click, "Ctrl+N", "document-new",
      "Adds a new topic to the project."},
-    {"newtemplate", "Ne&w Topic Template...", kNotBuilt, "", "document-new-from-template",
+    {"newtemplate", "Ne&w Topic Template...", newtemplate_Click, "", "document-new-from-template",
      "Makes a template for new topics."},
     {"filesep1", kSeparator},
     {"OpenProject", "&Open Project...", OpenProject_Click, "Ctrl+O", "document-open",
@@ -113,7 +121,8 @@ constexpr Command kInsert[] = {
     {"InsertButton", "B&utton", InsertButton_Click, "", "insert-button", "Inserts a button."},
     {"InsertHTML", "&HTML Code...", kNotBuilt, "", "code-context", "Inserts HTML as you type it."},
     {"insertsep1", kSeparator},
-    {"Topic", "&New Topic", kNotBuilt, "F2", "document-new", "Adds a new topic to the project."},
+    {"Topic", "&New Topic", FileNew_Click, "F2", "document-new",
+     "Adds a new topic to the project."},
 };
 
 constexpr Command kFormatMain[] = {
@@ -198,7 +207,8 @@ constexpr Command kPosition[] = {
 constexpr Command kTools[] = {
     {"mnuqrsettings", "Quorrel &Settings...", mnuqrsettings_Click, "", "configure",
      "Sets up the program."},
-    {"projopt", "Project Options...", kNotBuilt, "", "configure_project", "Sets up the project."},
+    {"projopt", "Project Options...", projopt_Click, "", "configure_project",
+     "Sets up the project."},
     {"runhelpworkshop", "&HTML Help Workshop", kNotBuilt, "", "system-run",
      "Opens the project in HTML Help Workshop."},
     {"editcssfile", "Edit &Style Sheet File...", editcssfile_Click, "", "document-edit",
@@ -213,7 +223,7 @@ constexpr Command kTools[] = {
 };
 
 constexpr Command kHelp[] = {
-    {"helpcontents", "&Contents...", kNotBuilt, "F1", "help-contents",
+    {"helpcontents", "&Contents...", helpcontents_Click, "F1", "help-contents",
      "Shows how to work with this program."},
     {"htmlhelpdoc", "&HTML Help Documentation", kNotBuilt, "", "help-hint",
      "Shows the documentation of HTML Help."},
@@ -227,15 +237,18 @@ constexpr Command kHelp[] = {
 constexpr Command kKeys[] = {
     {"center_kb", "center", center_kb_Click, "Ctrl+E", "format-justify-center",
      "Centers the paragraph."},
+    {"preview_kb", "preview", preview_kb_Click, "F5", "view-refresh",
+     "Shows the topic as its readers see it."},
 };
 
 constexpr Command kTreePop[] = {
-    {"popnewtopic", "&NewTopic...", kNotBuilt, "", "document-new", "Adds a new topic here."},
-    {"popnewbook", "New &Book/Folder (not linked to topic)...", kNotBuilt, "", "folder-new",
+    {"popnewtopic", "&NewTopic...", popnewtopic_Click, "", "document-new",
+     "Adds a new topic here."},
+    {"popnewbook", "New &Book/Folder (not linked to topic)...", popnewbook_Click, "", "folder-new",
      "Adds a book without a topic of its own."},
-    {"popnewbooktopic", "N&ew Book/Folder Topic...", kNotBuilt, "", "address-book-new",
+    {"popnewbooktopic", "N&ew Book/Folder Topic...", popnewbooktopic_Click, "", "address-book-new",
      "Adds a book with a topic of its own."},
-    {"pop1delete", "&Delete Item", kNotBuilt, "", "edit-delete",
+    {"pop1delete", "&Delete Item", pop1delete_Click, "", "edit-delete",
      "Takes the item out of the contents; the topic stays."},
     {"popproperties", "TOC &Organizer...", popproperties_Click, "", "document-properties",
      "Shows the page where the contents are organized."},
@@ -254,22 +267,22 @@ constexpr Command kListPop[] = {
     {"poplstopen", "&Open Topic", poplstopen_Click, "", "document-open", "Opens the topic."},
     {"poplstproperties", "Topic &Properties", poplstproperties_Click, "", "document-properties",
      "Opens the topic on its properties page."},
-    {"poplstnewtopic", "&New Topic...", kNotBuilt, "", "document-new",
+    {"poplstnewtopic", "&New Topic...", FileNew_Click, "", "document-new",
      "Adds a new topic to the project."},
-    {"poplstremove", "&Remove Topic from Project", kNotBuilt, "", "list-remove",
+    {"poplstremove", "&Remove Topic from Project", poplstremove_Click, "", "list-remove",
      "Takes the topic out of the project; its file stays."},
-    {"poplstdelete", "&Delete Topic File", kNotBuilt, "", "edit-delete",
+    {"poplstdelete", "&Delete Topic File", poplstdelete_Click, "", "edit-delete",
      "Takes the topic out of the project and deletes its file."},
     {"poplstsep1", kSeparator},
     {"expandpane", "&Expand Pane", expandpane_Click, "", "view-right-new",
      "Gives the right side the whole window.", true},
-    {"popcopyinteger", "&Selecting Copies HelpContextID", kNotBuilt, "", "edit-copy",
+    {"popcopyinteger", "&Selecting Copies HelpContextID", popcopyinteger_Click, "", "edit-copy",
      "Copies the context number of each topic that is clicked to the clipboard.", true},
 };
 
 constexpr Command kIndexPop[] = {
-    {"popidelete", "&Delete Entry", kNotBuilt, "", "edit-delete", "Deletes the keyword."},
-    {"popiaddseealso", "&Add See Also", kNotBuilt, "", "list-add",
+    {"popidelete", "&Delete Entry", popidelete_Click, "", "edit-delete", "Deletes the keyword."},
+    {"popiaddseealso", "&Add See Also", popiaddseealso_Click, "", "list-add",
      "Adds the keyword as a reference."},
 };
 
@@ -280,12 +293,12 @@ constexpr Menu kMenus[] = {
     {"insert", "&Insert", MenuPlace::kBar, kInsert, insert_Click},
     {"FormatMain", "F&ormat", MenuPlace::kBar, kFormatMain, FormatMain_Click},
     {"table", "T&able", MenuPlace::kBar, kTable, table_Click},
-    {"D2D", "&2D", MenuPlace::kBar, kPosition, D2D_Click},
+    {"D2D", "2&D", MenuPlace::kBar, kPosition, D2D_Click},
     {"tools", "&Tools", MenuPlace::kBar, kTools},
     {"help", "Help", MenuPlace::kBar, kHelp},
     {"Format", "&Style", MenuPlace::kSubmenu, kFormat, Format_Click},
     {"keys", "", MenuPlace::kKeys, kKeys},
-    {"mnutreepop", "pop", MenuPlace::kContext, kTreePop},
+    {"mnutreepop", "pop", MenuPlace::kContext, kTreePop, mnutreepop_Opening},
     {"mnutreedocpop", "pop_doc", MenuPlace::kContext, kTreeDocPop},
     {"mnulistpop", "pop2", MenuPlace::kContext, kListPop, mnulistpop_Opening},
     {"mnuindexpop", "popindex", MenuPlace::kContext, kIndexPop},

@@ -1,5 +1,7 @@
 #include "app/startup.hpp"
 
+#include <initializer_list>
+
 #include "app/commands.hpp"
 #include "app/form_settings.hpp"
 #include "app/form_splash.hpp"
@@ -9,6 +11,7 @@
 #include "app/settings_file.hpp"
 #include "app/tool_bar.hpp"
 #include "app/views.hpp"
+#include "contents/contents_item_panel.hpp"
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
 #include "platform/text.hpp"
@@ -18,34 +21,18 @@
 namespace quorrel {
 namespace {
 
-/// Controls that only one edition shows; the others are the same in both.
+/// Commands that only one edition shows; the others are the same in both.
 struct EditionControl {
     std::string_view name;
     bool in_javahelp;
     bool in_html_help;
 };
 constexpr EditionControl kEditionControls[] = {
-    {"editcssfile", true, true},
-    {"editjsfile", false, true},
-    {"Label4", false, true},
-    {"EditInteger", false, true},
-    {"popcopyinteger", false, true},
-    {"popiaddseealso", false, true},
-    {"htmlhelpdoc", false, true},
-    {"runhelpworkshop", false, true},
-    {"insertexpsec", false, true},
-    {"Label8", false, true},
-    {"Label9", false, true},
-    {"EditFrame", false, true},
-    {"EditWindow", false, true},
-    {"CheckMarkNew", false, true},
-    {"CommandIconList", false, true},
-    {"CommandSeeAlso", false, true},
-    {"EditIcon", false, true},
-    {"ComboIcon", true, false},
-    {"Compile", false, true},
-    {"expand", false, true},
-    {"jar", true, false},
+    {"editcssfile", true, true},     {"editjsfile", false, true},
+    {"popcopyinteger", false, true}, {"popiaddseealso", false, true},
+    {"htmlhelpdoc", false, true},    {"runhelpworkshop", false, true},
+    {"insertexpsec", false, true},   {"Compile", false, true},
+    {"expand", false, true},         {"jar", true, false},
 };
 
 struct EditionCaption {
@@ -54,7 +41,6 @@ struct EditionCaption {
     std::string_view in_html_help;
 };
 constexpr EditionCaption kEditionCaptions[] = {
-    {"Label3", "MapID", "Alias"},
     {"viewjavahelp", "&View JavaHelp System", "&View Compiled Help File"},
     {"buildsearch", "&Build Full-Text Search Database...", "&Compile Help File"},
     {"validatesearch", "&Test Search Database...", "View Compiler &Messages"},
@@ -67,7 +53,15 @@ void AdaptToEdition(MainForm& main) {
         main.window.Named(control.name).Visible =
             javahelp ? control.in_javahelp : control.in_html_help;
     }
-    main.window.ComboIcon.Visible = javahelp;
+    WindowControls& window = main.window;
+    window.ComboIcon.Visible = javahelp;
+    for (Control* control : std::initializer_list<Control*>{
+             &window.Label4, &window.EditInteger, &window.Label8, &window.Label9, &window.EditFrame,
+             &window.EditWindow, &window.CheckMarkNew, &window.CommandIconList,
+             &window.CommandSeeAlso, &window.EditIcon}) {
+        control->Visible = !javahelp;
+    }
+    window.Label3.Caption = std::string(javahelp ? "MapID" : "Alias");
     for (const EditionCaption& control : kEditionCaptions) {
         main.window.Named(control.name).Caption =
             std::string(javahelp ? control.in_javahelp : control.in_html_help);
@@ -133,6 +127,12 @@ void FillFixedLists(MainForm& main) {
          {"Normal", "Heading 1", "Heading 2", "Heading 3", "Heading 4", "Heading 5", "Heading 6"}) {
         window.ComboStyle.AddItem(style);
     }
+    // The status file stores the places in this list.
+    for (const char* status : {"Not Specified", "Outline", "First Draft", "In Review", "Final"}) {
+        window.ComboStatus.AddItem(status);
+    }
+    window.ComboStatus.ListIndex = 0;
+    window.progress.Visible = false;
     for (ComboBox* box : {&window.FontCombo, &window.FontSizeCombo, &window.ComboStyle}) {
         box->ListIndex = 0;
     }
@@ -192,6 +192,7 @@ void Form_Load(MainForm& main, std::string_view command_line) {
 
 bool Form_QueryUnload(MainForm& main) {
     if (IsTemplateOpen(main)) SaveHTML(main, main.DHTMLEdit1.CurrentDocumentPath());
+    CommitContentsItem(main);
     return PromptSaveChanges(main) != save_prompt::kCancelled;
 }
 

@@ -6,6 +6,10 @@
 
 #include "app/main_form.hpp"
 #include "app/tool_bar.hpp"
+#include "contents/contents_item_panel.hpp"
+#include "contents/contents_tree.hpp"
+#include "contents/topic_keywords.hpp"
+#include "documents/topic_report.hpp"
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
 #include "editor/selection.hpp"
@@ -76,6 +80,16 @@ void ShowPreview(MainForm& main) {
     if (Contains(shown, ".")) main.WebBrowser1.Navigate(shown);
 }
 
+void ShowReport(MainForm& main) {
+    if (main.project.proj.empty()) return;
+    main.window.ProgressReport.Visible = true;
+    main.screen.SetPointer(Pointer::kHourglass);
+    WriteReport(main);
+    main.WebBrowser1.Navigate(ReportPath(main));
+    main.screen.SetPointer(Pointer::kNormal);
+    main.window.ProgressReport.Visible = false;
+}
+
 /// The left side shows the topics and cannot be changed.
 void LockLeftSide(MainForm& main) {
     constexpr const char* kDisabled = "(disabled)";
@@ -141,7 +155,7 @@ void TabStrip1_Click(MainForm& main) {
     window.Named("Tree1").Visible = tab == left_tab::kContents;
     window.Named("ListTopics").Visible = tab == left_tab::kTopics;
     window.Named("ListKeywords").Visible = tab == left_tab::kIndex;
-    window.Named("CommandAddFromIndex").Enabled = tab == left_tab::kIndex;
+    window.CommandAddFromIndex.Enabled = tab == left_tab::kIndex;
 }
 
 void ArrangeContentsView(MainForm& main) {
@@ -178,15 +192,15 @@ void ShowFirstTabs(MainForm& main) {
     TabStrip1_Click(main);
     ShowOutline(main, false);
     ShowPane(main, PaneOf(main.window.TabStrip2.SelectedIndex));
-    for (const char* name : {"ProgressReport", "picSplitter"}) {
-        main.window.Named(name).Visible = false;
-    }
+    main.window.ProgressReport.Visible = false;
 }
 
 void TabStrip2_Click(MainForm& main) {
+    CommitContentsItem(main);
     if (main.editor.TopicPropDirty) SaveTopicProperties(main);
     WaitForSurface(main);
     UpdateToolbars(main);
+    main.contents.Tree1.SetDropHighlight(nullptr);
     LeaveSourceView(main);
     const int tab = main.window.TabStrip2.SelectedIndex();
     if (tab == right_tab::kNormal || tab == right_tab::kProperties) {
@@ -200,15 +214,17 @@ void TabStrip2_Click(MainForm& main) {
             return main.DHTMLEdit1.SetFocus();
         case right_tab::kProperties:
             LoadTopicProperties(main);
-            main.window.Named("CommandAddFromIndex").Enabled =
+            main.window.CommandAddFromIndex.Enabled =
                 main.window.TabStrip1.SelectedIndex() == left_tab::kIndex;
             return;
         case right_tab::kSource:
             return EnterSourceView(main);
         case right_tab::kPreview:
             return ShowPreview(main);
+        case right_tab::kOrganizeTOC:
+            return LoadTOCProperties(main);
         case right_tab::kReport:
-            return NavigateToReport(main);
+            return ShowReport(main);
         default:
             return;
     }
@@ -224,6 +240,9 @@ void ConnectEvents(MainForm& main) {
         if (main.window.TabStrip1.Enabled) TabStrip1_Click(main);
     });
     FollowTab(main.window.TabStrip2, [&main] { TabStrip2_Click(main); });
+    KeepContentsReferences(main);
+    ConnectContentsItemPanel(main);
+    ConnectTopicKeywords(main);
 }
 
 }  // namespace quorrel

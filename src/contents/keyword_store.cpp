@@ -135,17 +135,27 @@ void DeleteKeyFromIndex(KeywordState& keywords, std::string_view key, std::strin
     table.Remove(position);
 }
 
-void RenameTitleInIndex(KeywordState& keywords, std::string_view new_title,
-                        std::string_view old_title, std::string_view path) {
-    keywords.index_dirty = true;
+std::vector<ListRow*> KeywordsOfTopic(KeywordState& keywords, std::string_view path) {
     const std::string target = std::string(">").append(path);
     ListView& table = keywords.ListKeywords;
+    std::vector<ListRow*> rows;
     for (int i = 1; i <= table.Count(); ++i) {
         ListRow& row = table.At(i);
-        const std::string& targets = row.SubItems(IDX_TITLEPATH);
-        if (FindIgnoringCase(targets, target)) {
-            row.SetSubItem(IDX_TITLEPATH, ReplaceAll(targets, old_title, new_title));
-        }
+        if (FindIgnoringCase(row.SubItems(IDX_TITLEPATH), target)) rows.push_back(&row);
+    }
+    return rows;
+}
+
+void RenameTitleInIndex(KeywordState& keywords, std::span<ListRow* const> rows,
+                        std::string_view new_title, std::string_view old_title,
+                        std::string_view path) {
+    keywords.index_dirty = true;
+    const std::string target = std::string(">").append(path);
+    for (ListRow* row : rows) {
+        const std::string& targets = row->SubItems(IDX_TITLEPATH);
+        // A title that was part of the path may have taken the path away.
+        if (!FindIgnoringCase(targets, target)) continue;
+        row->SetSubItem(IDX_TITLEPATH, ReplaceAll(targets, old_title, new_title));
     }
 }
 

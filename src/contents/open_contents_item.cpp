@@ -4,14 +4,26 @@
 #include "contents/node_data.hpp"
 #include "editor/load_file.hpp"
 #include "platform/text.hpp"
+#include "project/form_new_topic.hpp"
 
 namespace quorrel {
+
+/// A new topic for the selected node, which leads nowhere.
+static void OfferTopic(MainForm& main) {
+    main.editor.new_topic_template = "False";
+    main.contents.create_from_toc_selected = true;
+    ShowNewTopic(main);
+}
 
 void OpenTOCItem(MainForm& main) {
     const TreeNode* node = main.contents.Tree1.SelectedItem();
     if (node == nullptr) return;
     const NodeData data = UnpackNodeData(node->Tag);
-    if (data.location.empty()) return;
+    main.contents.create_from_toc_selected = false;
+    if (data.location.empty()) {
+        if (node->Children() == 0) OfferTopic(main);
+        return;
+    }
     if (Contains(data.location, "http:")) {
         main.screen.ShowMessage({"This item is linked to the remote URL: " + data.location,
                                  main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kNone});

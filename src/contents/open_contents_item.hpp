@@ -7,8 +7,8 @@ namespace quorrel {
 
 struct MainForm;
 
-/// Loads the topic of the selected node. A remote address is only told; a node without a
-/// location opens nothing.
+/// Loads the topic of the selected node. A remote address is only told. For a node without a
+/// location and without children a new topic is offered.
 void OpenTOCItem(MainForm& main);
 
 /// A click on the selected node: a book shows whether it is open, then OpenTOCItem.

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/main_form.hpp"
+#include "contents/contents_drag.hpp"
 #include "editor/format_commands.hpp"
 #include "editor/selection.hpp"
 
@@ -58,6 +59,7 @@ void DHTMLEdit1_DisplayChanged(MainForm& main) {
     if (window.TabStrip2.SelectedIndex() != right_tab::kNormal) return;
     EditSurface& surface = main.DHTMLEdit1;
     try {
+        InsertDroppedText(main);
         for (const FormatButton& button : kFormatButtons) {
             const int status = surface.QueryStatus(button.command);
             MenuEntry& entry = window.Named(button.key);

@@ -33,6 +33,10 @@ class FileSystem {
 
     [[nodiscard]] virtual bool FileExists(std::string_view path) = 0;
     [[nodiscard]] virtual bool FolderExists(std::string_view path) = 0;
+    /// The names of the files in a folder, or of the folders in it: in their on-disk spelling,
+    /// sorted without regard to case. Empty where the folder cannot be read.
+    [[nodiscard]] virtual std::vector<std::string> FileNames(std::string_view folder) = 0;
+    [[nodiscard]] virtual std::vector<std::string> FolderNames(std::string_view folder) = 0;
     /// Raises 58 where a file or folder of the name exists, 76 where the parent is missing.
     virtual void CreateFolder(std::string_view path) = 0;
     /// False where it fails, also where `to` exists and may not be replaced.
@@ -58,6 +62,13 @@ class FileSystem {
     /// The inner form of a native path; a relative one is taken from the current folder.
     [[nodiscard]] virtual std::string WindowsPath(std::string_view native) const = 0;
 };
+
+/// The inner form of a native path; a relative one stays relative.
+[[nodiscard]] std::string InnerPath(const FileSystem& files, std::string_view native);
+
+/// Makes a folder together with those above it that are missing; one that exists is left alone.
+/// Raises as FileSystem::CreateFolder.
+void MakeFolder(FileSystem& files, std::string_view path);
 
 /// Writes a file so that its old content stays until the new one is there whole, by way of
 /// `path` + ".tmp". Where no such file can be made beside it an existing file is written in

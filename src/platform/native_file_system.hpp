@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/file_system.hpp"
 #include "platform/unicode.hpp"
@@ -22,6 +23,8 @@ class NativeFileSystem : public FileSystem {
     void WriteFile(std::string_view path, std::string_view bytes) override;
     bool FileExists(std::string_view path) override;
     bool FolderExists(std::string_view path) override;
+    std::vector<std::string> FileNames(std::string_view folder) override;
+    std::vector<std::string> FolderNames(std::string_view folder) override;
     void CreateFolder(std::string_view path) override;
     bool CopyFile(std::string_view from, std::string_view to, bool may_replace) override;
     bool MoveFile(std::string_view from, std::string_view to) override;
@@ -42,6 +45,9 @@ class NativeFileSystem : public FileSystem {
     [[nodiscard]] std::string Resolve(std::string_view path);
 
   private:
+    /// The names of the files or of the folders, in any order.
+    [[nodiscard]] std::vector<std::string> NamesIn(std::string_view folder, bool of_folders);
+
     using Names = std::unordered_map<std::string, std::string, IgnoringCaseHash, IgnoringCaseEqual>;
 
     // Beyond Windows, where the system does not find names in any case by itself.

@@ -252,6 +252,20 @@ bool NativeFileSystem::FolderExists(std::string_view path) {
     return IsFolder(Resolve(path));
 }
 
+std::vector<std::string> NativeFileSystem::NamesIn(std::string_view folder, bool of_folders) {
+    std::vector<std::string> names;
+    if (IsNoPath(folder)) return names;
+    const std::string native = Resolve(folder);
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(native.c_str()), &closedir);
+    while (const dirent* entry = entries == nullptr ? nullptr : readdir(entries.get())) {
+        const std::string_view name = entry->d_name;
+        if (name == "." || name == "..") continue;
+        const auto status = StatOf(native + "/" + std::string(name));
+        if (status && S_ISDIR(status->st_mode) == of_folders) names.push_back(TextOfName(name));
+    }
+    return names;
+}
+
 void NativeFileSystem::CreateFolder(std::string_view path) {
     const std::string native = Resolve(path);
     if (mkdir(native.c_str(), 0777) == 0) return;

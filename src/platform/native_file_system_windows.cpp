@@ -161,6 +161,21 @@ bool NativeFileSystem::FolderExists(std::string_view path) {
     return !path.empty() && !IsNoPath(path) && IsFolder(WidePath(path));
 }
 
+std::vector<std::string> NativeFileSystem::NamesIn(std::string_view folder, bool of_folders) {
+    std::vector<std::string> names;
+    if (folder.empty() || IsNoPath(folder)) return names;
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW((WidePath(folder) + L"\\*").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return names;
+    do {
+        const std::string name = Narrow(found.cFileName);
+        const bool is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        if (name != "." && name != ".." && is_folder == of_folders) names.push_back(name);
+    } while (FindNextFileW(search, &found) != 0);
+    FindClose(search);
+    return names;
+}
+
 void NativeFileSystem::CreateFolder(std::string_view path) {
     const std::wstring native = WidePath(path);
     if (CreateDirectoryW(native.c_str(), nullptr) != 0) return;

@@ -72,14 +72,33 @@ bool EndsWithLineEnd(std::string_view text) {
     return text.empty() || text.back() == '\n' || text.back() == '\r';
 }
 
+std::string ValueOf(std::string_view line) {
+    return std::string(Unquote(TrimBlanksAndTabs(line.substr(line.find('=') + 1))));
+}
+
 }  // namespace
 
 std::optional<std::string> ProfileValue(std::string_view text, std::string_view section,
                                         std::string_view key) {
     const Place place = FindKey(text, section, key);
     if (!place.key_line) return std::nullopt;
-    const std::string_view line = text.substr(place.key_line->offset, place.key_line->size);
-    return std::string(Unquote(TrimBlanksAndTabs(line.substr(line.find('=') + 1))));
+    return ValueOf(text.substr(place.key_line->offset, place.key_line->size));
+}
+
+ProfileKeys ProfileSection(std::string_view text, std::string_view section) {
+    ProfileKeys keys;
+    bool is_inside = false;
+    TextLines lines(text);
+    while (!lines.AtEnd()) {
+        const std::string_view line = lines.ReadLine();
+        if (const auto name = SectionName(line)) {
+            if (is_inside) break;
+            is_inside = EqualsIgnoringCase(*name, section);
+        } else if (const auto key = KeyName(line); is_inside && key) {
+            keys.try_emplace(std::string(*key), ValueOf(line));
+        }
+    }
+    return keys;
 }
 
 std::string SetProfileValue(std::string_view text, std::string_view section, std::string_view key,

@@ -6,6 +6,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+
+#include "platform/unicode.hpp"
 
 namespace quorrel {
 
@@ -15,6 +18,12 @@ namespace quorrel {
 [[nodiscard]] std::optional<std::string> ProfileValue(std::string_view text,
                                                       std::string_view section,
                                                       std::string_view key);
+
+/// The key of each line of the first section `section`, with its value as ProfileValue gives it,
+/// for a reader that asks for many keys: the cost is that of one look.
+using ProfileKeys =
+    std::unordered_map<std::string, std::string, IgnoringCaseHash, IgnoringCaseEqual>;
+[[nodiscard]] ProfileKeys ProfileSection(std::string_view text, std::string_view section);
 
 /// `text` with the key set. An existing key keeps its place and spelling; a new one goes to the
 /// end of its section, a new section to the end of the file. All other lines stay as they are,

@@ -1,6 +1,7 @@
 // What the logic asks of the screen: dialogs, questions, the pointer.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,8 @@ struct FileDialog {
     std::string filter;
     std::string folder;  // where to begin; a Windows path, may be empty
     bool save = false;   // for a new file, otherwise the file must exist
+    // Whether the dialog itself asks before it gives a file that exists, for saving.
+    bool asks_to_overwrite = true;
 };
 
 enum class Pointer { kNormal, kHourglass };
@@ -49,6 +52,10 @@ class Screen {
 
     /// Shows the form and returns when it is closed. Form::Unload has run then.
     virtual void ShowModal(Form& form) = 0;
+    /// Shows the form beside the window and returns at once. The screen keeps it until it is
+    /// closed; Form::Unload has run then. Where one of its name is shown already, that one comes
+    /// to the front instead.
+    virtual void Show(std::unique_ptr<Form> form) = 0;
     virtual MessageAnswer ShowMessage(const Message& message) = 0;
     /// The chosen file as a Windows path, or an empty string.
     virtual std::string ChooseFile(const FileDialog& dialog) = 0;

@@ -13,6 +13,7 @@ namespace quorrel {
 class SilentScreen : public Screen {
   public:
     void ShowModal(Form& form) override { form.Unload(); }
+    void Show(std::unique_ptr<Form> form) override { form->Unload(); }
     MessageAnswer ShowMessage(const Message& message) override {
         switch (message.buttons) {
             case MessageButtons::kOk:

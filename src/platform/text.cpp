@@ -49,6 +49,10 @@ bool ContainsIgnoringAsciiCase(std::string_view text, std::string_view upper) {
     return FindIgnoringAsciiCase(text, upper) != npos;
 }
 
+std::size_t CountLines(std::string_view text) {
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
     std::string result;
     std::size_t position = 0;

@@ -30,6 +30,9 @@ constexpr char LowerAscii(char c) {
     return text.find(part) != npos;
 }
 
+/// The line feeds in `text`.
+[[nodiscard]] std::size_t CountLines(std::string_view text);
+
 [[nodiscard]] std::string ReplaceAll(std::string_view text, std::string_view from,
                                      std::string_view to);
 

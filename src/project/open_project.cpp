@@ -42,37 +42,6 @@ void ReadProjectSettings(MainForm& main) {
     }
 }
 
-void ClearModel(MainForm& main) {
-    main.contents.Tree1.Clear();
-    main.outline.TreeDoc.Clear();
-    main.topics.ListTopics.Clear();
-    main.keywords.ListKeywords.Clear();
-    main.topics.ListAliases.Clear();
-    main.topics.current_topic_index = 0;
-    main.editor.main_path.clear();
-    main.editor.temp_path.clear();
-    main.editor.ActiveDirty = false;
-    main.editor.TopicPropDirty = false;
-    main.editor.new_topic_template = "False";
-    main.editor.SourceViewActive = false;
-    main.editor.loaded.clear();
-    main.DHTMLEdit1.NewDocument("There is no topic to show.");
-    // What the project's files do not say must not be that of the project before.
-    main.contents.left_behind = main.keywords.left_behind = main.outline.left_behind = {};
-    main.project.hhcfile.clear();
-    main.project.hhkfile.clear();
-    main.project.java_map_file.clear();
-    main.project.project_title.clear();
-    main.project.project_def_topic.clear();
-}
-
-/// What is made of a project of its kind: a compiled file or an archive.
-void ShowBuildButtons(MainForm& main) {
-    const bool javahelp = main.project.help_mode == 1 || main.settings.is_javahelp_edition;
-    main.window.Named("Compile").Visible = !javahelp;
-    main.window.Named("jar").Visible = javahelp;
-}
-
 void DeriveFileNames(MainForm& main) {
     ProjectState& project = main.project;
     const std::string base(BaseName(project.proj));
@@ -192,6 +161,38 @@ void TellWhatWasLeftBehind(MainForm& main) {
          main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kExclamation});
 }
 
+void ClearProject(MainForm& main) {
+    main.contents.Tree1.Clear();
+    main.outline.TreeDoc.Clear();
+    main.topics.ListTopics.Clear();
+    main.keywords.ListKeywords.Clear();
+    main.topics.ListAliases.Clear();
+    main.topics.current_topic_index = 0;
+    main.editor.main_path.clear();
+    main.editor.temp_path.clear();
+    main.editor.ActiveDirty = false;
+    main.editor.TopicPropDirty = false;
+    main.editor.new_topic_template = "False";
+    main.editor.SourceViewActive = false;
+    main.editor.loaded.clear();
+    main.DHTMLEdit1.NewDocument("There is no topic to show.");
+    // What the project's files do not say must not be that of the project before.
+    main.contents.left_behind = main.keywords.left_behind = main.outline.left_behind = {};
+    main.contents.site_properties_toc.clear();
+    main.keywords.site_properties_index.clear();
+    main.project.hhcfile.clear();
+    main.project.hhkfile.clear();
+    main.project.java_map_file.clear();
+    main.project.project_title.clear();
+    main.project.project_def_topic.clear();
+}
+
+void ShowBuildButtons(MainForm& main) {
+    const bool javahelp = main.project.help_mode == 1 || main.settings.is_javahelp_edition;
+    main.window.Named("Compile").Visible = !javahelp;
+    main.window.Named("jar").Visible = javahelp;
+}
+
 bool IsJavaHelpProject(std::string_view proj) {
     return Contains(proj, ".hs");
 }
@@ -211,7 +212,7 @@ void OpenProject_Click(MainForm& main) {
     const Trap trap(main.log, "MainForm OpenProject Click: ");
     main.project.proj_success = true;
     ReadProjectSettings(main);
-    ClearModel(main);
+    ClearProject(main);
     main.project.help_mode = IsJavaHelpProject(main.project.proj) ? 1 : 0;
     ShowBuildButtons(main);
     UpdateToolbars(main);

@@ -18,6 +18,12 @@ void recent_Click(MainForm& main, int index);
 /// Opens the project at `path`, or tells that there is no such file and gives false.
 bool OpenRecentProject(MainForm& main, std::string_view path);
 
+/// Empties the tables, the trees and the surface for another project.
+void ClearProject(MainForm& main);
+
+/// Shows the tool button of what is made of the project: a compiled file or an archive.
+void ShowBuildButtons(MainForm& main);
+
 /// The caption of the main window: the program's name, and the project's title if one is open.
 void UpdateCaption(MainForm& main);
 

@@ -5,6 +5,7 @@
 #include "app/main_form.hpp"
 #include "editor/load_file.hpp"
 #include "platform/text.hpp"
+#include "project/topic_rows.hpp"
 
 namespace quorrel {
 
@@ -27,13 +28,8 @@ void OpenTopicRow(MainForm& main, const ListRow& row) {
 }
 
 void SortTopics(MainForm& main, int column) {
-    TopicTables& topics = main.topics;
-    ListView& table = topics.ListTopics;
-    int& current = topics.current_topic_index;
-    const bool is_open = current >= 1 && current <= table.Count();
-    const ListRow* open = is_open ? &table.At(current) : nullptr;
-    table.SortBy(column);
-    if (open != nullptr) current = table.PositionOf(*open);
+    const OpenRowKeeper keeper(main.topics);
+    main.topics.ListTopics.SortBy(column);
 }
 
 }  // namespace quorrel

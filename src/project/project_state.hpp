@@ -30,6 +30,9 @@ struct ProjectState {
     bool backup_all_html = false;  // a topic that is replaced stays as ".bak"; nothing sets it
     std::int64_t lngMapCount = 0;  // image maps made so far
     int replace_topic_option = 0;
+    int common_flag = 0;        // 1 while the first topic of a new project is made
+    bool import_after = false;  // a new topic is followed by an import of files
+    int ProjSettingsTab = 1;    // the page that the project's options open with
 
     std::string recent_proj;    // hand-over slot: the project to open next
     bool proj_success = false;  // a project has been chosen

@@ -4,6 +4,7 @@
 
 #include "app/main_form.hpp"
 #include "app/recent_projects.hpp"
+#include "contents/contents_item_panel.hpp"
 #include "editor/foreign_change.hpp"
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
@@ -108,13 +109,16 @@ void WriteProjectFiles(MainForm& main, const Trap& trap) {
 
 void SaveProject(MainForm& main) {
     const Trap trap(main.log, kSaveProject);
+    trap([&] { CommitContentsItem(main); });
     if (main.editor.TopicPropDirty) trap([&] { SaveTopicProperties(main); });
     WaitForSurface(main);
     trap([&] { SaveOpenTopic(main); });
     trap([&] { UpdateRecentList(main); });
     WriteProjectFiles(main, trap);
     ListView& topics = main.topics.ListTopics;
+    ShownProgress progress(main.window.progress, topics.Count());
     for (int i = 1; i <= topics.Count(); ++i) {
+        progress.Next();
         ListRow& row = topics.At(i);
         if (row.SubItems(topic_cell::kModified) != kFlagged) continue;
         trap([&] {
@@ -189,6 +193,7 @@ void ClearTempFiles(MainForm& main) {
 }
 
 int PromptSaveChanges(MainForm& main) {
+    CommitContentsItem(main);
     if (main.editor.TopicPropDirty) SaveTopicProperties(main);
     const bool changed =
         main.DHTMLEdit1.IsDirty() || main.project.project_dirty || main.editor.ActiveDirty;

@@ -7,7 +7,6 @@
 namespace quorrel {
 namespace {
 
-constexpr std::string_view kStatusSection = "status";
 constexpr std::string_view kLineMark = "||";
 constexpr std::size_t kToolTipLimit = 200;
 
@@ -22,10 +21,7 @@ std::string StatusKey(MainForm& main) {
     return std::string(AfterLast(main.editor.main_path, '\\'));
 }
 
-struct StatusEntry {
-    std::string status = "0";
-    std::string notes;
-};
+}  // namespace
 
 StatusEntry ParseStatus(std::string_view value) {
     StatusEntry entry;
@@ -40,8 +36,6 @@ StatusEntry ParseStatus(std::string_view value) {
     }
     return entry;
 }
-
-}  // namespace
 
 std::string GetProj(const MainForm& main, std::string_view section, std::string_view key,
                     std::string_view otherwise) {

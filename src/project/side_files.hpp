@@ -23,6 +23,15 @@ void SetProj(MainForm& main, std::string_view section, std::string_view key,
 [[nodiscard]] std::string Gethhp(const MainForm& main, std::string_view section,
                                  std::string_view key, std::string_view otherwise);
 
+/// What the status file tells of a topic.
+struct StatusEntry {
+    std::string status = "0";  // a number in text
+    std::string notes;         // lines joined by "||"
+};
+inline constexpr std::string_view kStatusSection = "status";
+/// `value` as the status file has it.
+[[nodiscard]] StatusEntry ParseStatus(std::string_view value);
+
 /// Shows the open topic's status and notes in ComboStatus, TextNotes and CommandNote.
 void GetStatusNotes(MainForm& main);
 /// Stores what these controls hold for the open topic. Topics with the same file name share

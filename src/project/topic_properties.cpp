@@ -1,6 +1,7 @@
 #include "project/topic_properties.hpp"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 #include "app/main_form.hpp"
@@ -70,14 +71,18 @@ std::string BuildCell(MainForm& main, const std::vector<std::string>& known,
     const std::string& title = main.window.EditTitle.Text;
     const std::string& path = main.editor.main_path;
     std::string cell;
+    std::optional<std::vector<ListRow*>> rows;
     for (const std::string& key : std::vector<std::string>(main.window.ListKeys.List())) {
         if (key.empty()) break;
         const std::string entry = ReplaceAll(key, ":", kSubKeyMark) + ";";
         cell += entry;
         if (std::find(known.begin(), known.end(), key) == known.end()) {
             AddToIndex(main, title, path, entry);
+            rows.reset();
         } else if (old_title != title) {
-            RenameTitleInIndex(main.keywords, title, old_title, path);
+            // Once for each key: a new title that has the old one in it grows with each.
+            if (!rows) rows = KeywordsOfTopic(main.keywords, path);
+            RenameTitleInIndex(main.keywords, *rows, title, old_title, path);
         }
     }
     return cell;

@@ -49,6 +49,7 @@ QWidget* ErrorLogDialog::MakeButtons() {
     auto* help = buttons->addButton(QString(), QDialogButtonBox::HelpRole);
     help->setObjectName("Command3");
     FollowButton(help, form_.Command3);
+    connect(help, &QPushButton::clicked, this, [this] { form_.Command3_Click(); });
     return buttons;
 }
 

@@ -16,7 +16,7 @@ QString WhateverCase(const QString& pattern) {
 
 QString NameFilter(const QString& text, const QString& patterns) {
 #ifndef Q_OS_WIN
-    if (patterns.compare("*.exe", Qt::CaseInsensitive) == 0) return "All files (*)";
+    if (patterns.contains("*.exe", Qt::CaseInsensitive)) return "All files (*)";
 #endif
     QStringList converted;
     for (const QString& pattern : patterns.split(';', Qt::SkipEmptyParts)) {
@@ -34,6 +34,11 @@ QStringList NameFilters(std::string_view classic_filter) {
         filters << NameFilter(parts[i], parts[i + 1]);
     }
     return filters;
+}
+
+QString FirstEnding(std::string_view classic_filter) {
+    const QString pattern = ToQt(classic_filter).section('|', 1, 1).section(';', 0, 0);
+    return pattern.startsWith("*.") && pattern != "*.*" ? pattern.mid(2) : QString();
 }
 
 }  // namespace quorrel

@@ -11,4 +11,7 @@ namespace quorrel {
 /// name. One for Windows programs becomes "All files": programs have no ending elsewhere.
 [[nodiscard]] QStringList NameFilters(std::string_view classic_filter);
 
+/// The ending, without its dot, that a new file gets where none is typed; empty for any.
+[[nodiscard]] QString FirstEnding(std::string_view classic_filter);
+
 }  // namespace quorrel

@@ -1,12 +1,17 @@
 #include "ui/index_pane.hpp"
 
+#include <QDrag>
+#include <QKeyEvent>
 #include <QMenu>
+#include <QMimeData>
 
 #include "app/main_form.hpp"
 #include "contents/index_targets.hpp"
+#include "contents/topic_keywords.hpp"
 #include "platform/text.hpp"
 #include "project/open_topic.hpp"
 #include "ui/metrics.hpp"
+#include "ui/project_drag.hpp"
 #include "ui/qt_text.hpp"
 
 namespace quorrel {
@@ -24,7 +29,34 @@ IndexPane::IndexPane(MainForm& main, QWidget* parent)
     : ReportList(main.keywords.ListKeywords, "ListKeywords", parent), main_(main) {
     setAccessibleName("Index");
     setHeaderHidden(true);
+    setDragEnabled(true);
     row_opened = [this](ListRow& row) { OpenKeyword(row); };
+}
+
+void IndexPane::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Delete) delete_pressed_ = true;
+    ReportList::keyPressEvent(event);
+}
+
+void IndexPane::keyReleaseEvent(QKeyEvent* event) {
+    ReportList::keyReleaseEvent(event);
+    if (event->key() != Qt::Key_Delete || event->isAutoRepeat() || !delete_pressed_) return;
+    delete_pressed_ = false;
+    constexpr int kDeleteCode = 46;
+    ListKeywords_KeyUp(main_, kDeleteCode);
+}
+
+void IndexPane::startDrag(Qt::DropActions) {
+    ListKeywords_OLEStartDrag(main_);
+    if (main_.contents.drag_list_item != nullptr) {
+        auto* item = new QMimeData;
+        item->setData(kProjectItemMime, {});
+        auto* drag = new QDrag(this);
+        drag->setMimeData(item);
+        drag->setPixmap(QIcon::fromTheme("tag").pixmap(QSize(16, 16), devicePixelRatioF()));
+        run_drag(*drag, Qt::CopyAction);
+    }
+    ListKeywords_OLECompleteDrag(main_);
 }
 
 void IndexPane::OpenKeyword(ListRow& row) {

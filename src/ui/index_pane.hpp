@@ -1,6 +1,7 @@
 // The keyword index at the left.
 #pragma once
 
+#include "ui/project_drag.hpp"
 #include "ui/report_list.hpp"
 
 namespace quorrel {
@@ -12,11 +13,19 @@ class IndexPane : public ReportList {
   public:
     explicit IndexPane(MainForm& main, QWidget* parent = nullptr);
 
+    DragRunner run_drag = RunDrag;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void startDrag(Qt::DropActions) override;
+
   private:
     void OpenKeyword(ListRow& row);
     void OfferTargets(const ListRow& row);
 
     MainForm& main_;
+    bool delete_pressed_ = false;
 };
 
 }  // namespace quorrel

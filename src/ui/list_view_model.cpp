@@ -59,6 +59,12 @@ void ListViewModel::ShowContentChange() {
     emit dataChanged(index(0, 0), index(rows_ - 1, columnCount() - 1), {Qt::DisplayRole});
 }
 
+Qt::ItemFlags ListViewModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    // Whether rows can be dragged is the view's choice.
+    return index.isValid() ? flags | Qt::ItemIsDragEnabled : flags;
+}
+
 int ListViewModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : rows_;
 }

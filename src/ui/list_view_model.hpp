@@ -23,6 +23,7 @@ class ListViewModel : public QAbstractTableModel {
     /// What is shown of a cell where that is not its text.
     std::function<std::string(int column, const ListRow& row)> shown_text;
 
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;

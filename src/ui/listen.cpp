@@ -1,5 +1,7 @@
 #include "ui/listen.hpp"
 
+#include <QSignalBlocker>
+
 #include "ui/qt_text.hpp"
 
 namespace quorrel {
@@ -13,6 +15,7 @@ void FollowControl(QWidget* widget, Control& control) {
     };
     show();
     Listen(control.changed, widget, show);
+    Listen(control.focus_wanted, widget, [widget] { widget->setFocus(); });
 }
 
 void FollowButton(QAbstractButton* button, Control& control) {
@@ -45,6 +48,26 @@ void FollowTextBox(QLineEdit* edit, TextBox& control) {
     Listen(control.changed, edit, show);
     QObject::connect(edit, &QLineEdit::textChanged, edit,
                      [&control](const QString& text) { control.Text = FromQt(text); });
+}
+
+void FollowComboBox(QComboBox* box, ComboBox& control) {
+    FollowControl(box, control);
+    const auto show = [box, &control] {
+        const QSignalBlocker quiet(box);
+        QStringList lines;
+        for (const std::string& line : control.List()) lines << ToQt(line);
+        QStringList shown;
+        for (int i = 0; i < box->count(); ++i) shown << box->itemText(i);
+        if (lines != shown) {
+            box->clear();
+            box->addItems(lines);
+        }
+        box->setCurrentIndex(control.ListIndex);
+    };
+    show();
+    Listen(control.changed, box, show);
+    QObject::connect(box, &QComboBox::currentIndexChanged, box,
+                     [&control](int index) { control.ListIndex = index; });
 }
 
 }  // namespace quorrel

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPointer>
 
 #include <utility>
 
+#include "platform/controls/combo_box.hpp"
 #include "platform/controls/control.hpp"
 #include "platform/controls/signal.hpp"
 
@@ -21,12 +23,15 @@ void Listen(Signal<Arguments...>& signal, QObject* context, Work work) {
     });
 }
 
-/// Shows what the logic says of a control: whether it is there and can be used.
+/// Shows what the logic says of a control: whether it is there and can be used, and whether it is
+/// to have the keyboard.
 void FollowControl(QWidget* widget, Control& control);
 /// The same with the caption.
 void FollowButton(QAbstractButton* button, Control& control);
 /// The same with the value, both ways.
 void FollowCheckBox(QAbstractButton* box, CheckBox& control);
 void FollowTextBox(QLineEdit* edit, TextBox& control);
+/// The same with the lines and the selected one.
+void FollowComboBox(QComboBox* box, ComboBox& control);
 
 }  // namespace quorrel

@@ -8,6 +8,7 @@
 
 #include "app/main_form.hpp"
 #include "app/startup.hpp"
+#include "app/user_guide.hpp"
 #include "platform/native_file_system.hpp"
 #include "platform/native_shell.hpp"
 #include "ui/appearance.hpp"
@@ -65,6 +66,9 @@ int main(int argc, char** argv) {
     MainForm main_form({files, screen, surface, source, preview, shell},
                        files.WindowsPath(NativeSettingsFolder()));
     preview.code_page = [&] { return main_form.texts.CodePageNumber(); };
+    screen.help_wanted = [&](std::string_view form) {
+        ShowHelp(main_form, HelpIdentifier(form));
+    };
     MainWindow window(main_form, surface, source.Widget(), preview.Widget());
     QObject::connect(&window, &MainWindow::Closed, &app, &QCoreApplication::quit,
                      Qt::QueuedConnection);

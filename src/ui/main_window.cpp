@@ -3,24 +3,29 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
+#include <QLabel>
 #include <QOpenGLWidget>
-#include <QShortcut>
-#include <QSplitter>
 #include <QStatusBar>
-#include <QTabWidget>
 
 #include "app/main_form.hpp"
 #include "app/startup.hpp"
+#include "contents/contents_drag.hpp"
 #include "project/open_topic.hpp"
 #include "ui/about_box.hpp"
 #include "ui/appearance.hpp"
 #include "ui/command_bars.hpp"
+#include "ui/contents_item_form.hpp"
 #include "ui/contents_pane.hpp"
+#include "ui/context_menu.hpp"
 #include "ui/elided_label.hpp"
+#include "ui/help_window.hpp"
 #include "ui/index_pane.hpp"
 #include "ui/listen.hpp"
+#include "ui/outline_pane.hpp"
+#include "ui/pane_area.hpp"
+#include "ui/progress_view.hpp"
 #include "ui/qt_text.hpp"
-#include "ui/topic_area.hpp"
+#include "ui/topic_properties_page.hpp"
 #include "ui/topics_pane.hpp"
 #include "ui/web_surface.hpp"
 
@@ -28,7 +33,7 @@ namespace quorrel {
 namespace {
 
 constexpr int kLeftWidth = 300;
-constexpr const char* kSplitter = "MainForm/left";
+constexpr const char* kSplit = "MainForm/left";
 
 /// A window without OpenGL is made anew by Qt when its first web view joins it: it would jump to
 /// another place on the screen and lose the focus. A child that wants OpenGL, though never shown,
@@ -45,8 +50,7 @@ void PrepareForWebView(QWidget* window) {
 MainWindow::MainWindow(MainForm& main, WebSurface& surface, QWidget* source, QWidget* preview)
     : main_(main),
       surface_(surface),
-      splitter_(new QSplitter),
-      tabs_(new QTabWidget),
+      area_(new PaneArea(main)),
       contents_(new ContentsPane(main)),
       topics_(new TopicsPane(main)),
       index_(new IndexPane(main)),
@@ -59,45 +63,43 @@ MainWindow::MainWindow(MainForm& main, WebSurface& surface, QWidget* source, QWi
     ChooseIconTheme(palette());
     main_.window.close = [this] { close(); };
     main_.window.show_about = [this] { ShowAbout(main_, this); };
+    main_.window.show_help = [this](std::string_view identifier) { ShowGuide(identifier); };
     bars_ = new CommandBars(main_, this);
-    MakeLeftSide();
-    splitter_->setObjectName("splitter");
-    splitter_->addWidget(new TopicArea(main_, {surface_.Widget(), source, preview}));
-    splitter_->setStretchFactor(0, 0);
-    splitter_->setStretchFactor(1, 1);
-    splitter_->setChildrenCollapsible(false);
-    setCentralWidget(splitter_);
+    MakePanes(source, preview);
     MakeStatusBar();
     surface_.code_page = [this] { return main_.texts.CodePageNumber(); };
     surface_.link_clicked = [this](const std::string& path, const QString& bookmark) {
         OpenLink(path, bookmark);
     };
+    surface_.drop_taken = [this](const QMimeData&) { return TakeDropOnSurface(main_); };
     Listen(main_.window.window.changed, this, [this] { FollowWindow(); });
-    Listen(main_.window.TabStrip1.changed, this, [this] { FollowTabs(); });
     Listen(main_.window.StatusBar1.changed, this, [this] { FollowStatus(); });
-    FollowTabs();
     FollowStatus();
 }
 
-void MainWindow::MakeLeftSide() {
-    tabs_->setObjectName("TabStrip1");
-    tabs_->setAccessibleName("Lists of the project");
-    tabs_->setDocumentMode(true);
-    const TabStrip& strip = main_.window.TabStrip1;
-    int number = 0;
-    for (QWidget* pane : {static_cast<QWidget*>(contents_), static_cast<QWidget*>(topics_),
-                          static_cast<QWidget*>(index_)}) {
-        tabs_->addTab(pane, ToQt(strip.TabCaption(++number)));
-        tabs_->setTabToolTip(number - 1, "Ctrl+" + QString::number(number));
-        auto* key = new QShortcut(QKeySequence("Ctrl+" + QString::number(number)), this);
-        connect(key, &QShortcut::activated, this, [this, pane, number] {
-            main_.window.TabStrip1.SelectedIndex = number;
-            pane->setFocus();
-        });
-    }
-    connect(tabs_, &QTabWidget::currentChanged, this,
-            [this](int tab) { main_.window.TabStrip1.SelectedIndex = tab + 1; });
-    splitter_->addWidget(tabs_);
+void MainWindow::MakePanes(QWidget* source, QWidget* preview) {
+    // In the order in which the Tab key goes through them.
+    auto* outline = new OutlinePane(main_);
+    area_->Add("Tree1", contents_, &PaneLayout::Tree1);
+    area_->Add("ListTopics", topics_, &PaneLayout::ListTopics);
+    area_->Add("ListKeywords", index_, &PaneLayout::ListKeywords);
+    area_->Add("DHTMLEdit1", surface_.Widget(), &PaneLayout::DHTMLEdit1);
+    area_->AddExternalEditorLabel();
+    area_->Add("PictureProperties", new TopicPropertiesPage(main_), &PaneLayout::PictureProperties);
+    area_->Add("PictureTOCEdit", new ContentsItemForm(main_), &PaneLayout::PictureTOCEdit);
+    area_->Add("Source1", source, &PaneLayout::Source1);
+    area_->Add("WebBrowser1", preview, &PaneLayout::WebBrowser1);
+    area_->Add("TreeDoc", outline, &PaneLayout::TreeDoc);
+    area_->Add("PictureDocEdit", new OutlinePanel, &PaneLayout::PictureDocEdit);
+    MakeContextMenu(contents_, "mnutreepop");
+    MakeContextMenu(topics_, "mnulistpop");
+    MakeContextMenu(index_, "mnuindexpop");
+    MakeContextMenu(outline, "mnutreedocpop");
+    setCentralWidget(area_);
+}
+
+void MainWindow::MakeContextMenu(QAbstractItemView* view, const char* menu) {
+    new ContextMenuOpener(view, bars_->ContextMenu(menu));
 }
 
 void MainWindow::MakeStatusBar() {
@@ -107,6 +109,8 @@ void MainWindow::MakeStatusBar() {
     path_->setAccessibleName("Path of the topic");
     statusBar()->addWidget(state_, 1);
     statusBar()->addWidget(path_, 2);
+    constexpr int kPatience = 300;
+    statusBar()->addPermanentWidget(new ProgressView(main_.window.progress, "progress", kPatience));
 }
 
 void MainWindow::FollowWindow() {
@@ -119,19 +123,12 @@ void MainWindow::FollowWindow() {
 void MainWindow::ShowFirstTime() {
     was_shown_ = true;
     if (!settings_.RestoreGeometry("MainForm", this)) resize(1100, 720);
-    const int left = settings_.Number(kSplitter, kLeftWidth);
-    splitter_->setSizes({left, qMax(1, width() - left)});
+    // The area takes its size when the window is shown; the split wants it now.
+    setVisible(true);
+    area_->StartWithSplitAt(settings_.Number(kSplit, kLeftWidth));
     topics_->AdoptColumns(settings_);
     index_->Rows().AdoptColumns();
     contents_->setFocus();
-}
-
-void MainWindow::FollowTabs() {
-    const TabStrip& strip = main_.window.TabStrip1;
-    for (int i = 1; i <= strip.Count(); ++i) {
-        tabs_->setTabText(i - 1, WithoutMnemonics(ToQt(strip.TabCaption(i))));
-    }
-    tabs_->setCurrentIndex(strip.SelectedIndex() - 1);
 }
 
 void MainWindow::FollowStatus() {
@@ -143,6 +140,20 @@ void MainWindow::FollowStatus() {
     path_->ShowText(ToQt(main_.window.StatusBar1.Panel(2)));
 }
 
+void MainWindow::ShowGuide(std::string_view identifier) {
+    // A dialog lets the user reach its own windows only.
+    QWidget* dialog = QApplication::activeModalWidget();
+    QWidget* parent = dialog != nullptr ? dialog : this;
+    if (help_.isNull() || help_->parentWidget() != parent) {
+        delete help_;
+        help_ = new HelpWindow(main_, parent);
+    }
+    help_->ShowTopic(identifier);
+    help_->show();
+    help_->raise();
+    help_->activateWindow();
+}
+
 void MainWindow::OpenLink(const std::string& path, const QString& bookmark) {
     const ListRow* row = main_.topics.ListTopics.FirstWith(topic_cell::kFullPath, path);
     if (row == nullptr) return;
@@ -152,7 +163,7 @@ void MainWindow::OpenLink(const std::string& path, const QString& bookmark) {
 
 void MainWindow::Remember() {
     settings_.SaveGeometry("MainForm", this);
-    settings_.SetNumber(kSplitter, splitter_->sizes().constFirst());
+    settings_.SetNumber(kSplit, area_->SplitInPixels());
     topics_->SaveColumns(settings_);
 }
 

@@ -2,19 +2,21 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include "ui/window_settings.hpp"
 
-class QSplitter;
-class QTabWidget;
+class QAbstractItemView;
 
 namespace quorrel {
 
 class CommandBars;
 class ContentsPane;
 class ElidedLabel;
+class HelpWindow;
 class IndexPane;
 struct MainForm;
+class PaneArea;
 class TopicsPane;
 class WebSurface;
 
@@ -33,21 +35,22 @@ class MainWindow : public QMainWindow {
     void changeEvent(QEvent* event) override;
 
   private:
-    void MakeLeftSide();
+    void MakePanes(QWidget* source, QWidget* preview);
+    void MakeContextMenu(QAbstractItemView* view, const char* menu);
     void MakeStatusBar();
     void FollowWindow();
-    void FollowTabs();
     void FollowStatus();
     void ShowFirstTime();
     void Remember();
+    void ShowGuide(std::string_view identifier);
     void OpenLink(const std::string& path, const QString& bookmark);
 
     MainForm& main_;
     WebSurface& surface_;
     WindowSettings settings_;
     CommandBars* bars_ = nullptr;
-    QSplitter* splitter_;
-    QTabWidget* tabs_;
+    QPointer<HelpWindow> help_;
+    PaneArea* area_;
     ContentsPane* contents_;
     TopicsPane* topics_;
     IndexPane* index_;

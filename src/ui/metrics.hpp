@@ -9,6 +9,9 @@ namespace quorrel {
 constexpr int PixelsOfTwips(int twips) {
     return twips / 15;
 }
+constexpr int TwipsOfPixels(int pixels) {
+    return pixels * 15;
+}
 
 /// A longer text is cut where it is shown: a damaged file can make one of megabytes, and the
 /// toolkit lays out all of it.

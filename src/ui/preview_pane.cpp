@@ -69,6 +69,8 @@ PreviewPane::~PreviewPane() {
     if (!stack_.isNull()) qDeleteAll(stack_->findChildren<QWidget*>(kWindowName));
     delete page_;
     if (!stack_.isNull() && stack_->parent() == nullptr) delete stack_;
+    // Its end may still serve requests, which need what is to go after it.
+    profile_.reset();
 }
 
 QWidget* PreviewPane::Widget() const {

@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QShortcut>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
@@ -14,9 +15,20 @@
 #include "app/form_settings.hpp"
 #include "app/form_splash.hpp"
 #include "app/form_startup.hpp"
+#include "project/form_add_graphic.hpp"
+#include "project/form_create_project.hpp"
+#include "project/form_new_folder.hpp"
+#include "project/form_new_topic.hpp"
+#include "project/form_project_settings.hpp"
+#include "ui/add_graphic_dialog.hpp"
+#include "ui/create_project_dialog.hpp"
 #include "ui/error_log_dialog.hpp"
 #include "ui/file_filter.hpp"
+#include "ui/new_folder_dialog.hpp"
+#include "ui/new_topic_dialog.hpp"
+#include "ui/project_settings_dialog.hpp"
 #include "ui/qt_text.hpp"
+#include "ui/see_also_dialog.hpp"
 #include "ui/settings_dialog.hpp"
 #include "ui/splash_dialog.hpp"
 #include "ui/startup_dialog.hpp"
@@ -82,6 +94,36 @@ void SetButtons(QMessageBox& box, MessageButtons buttons) {
     }
 }
 
+template <typename View, typename Logic>
+std::unique_ptr<QDialog> Make(Form& form, QWidget* parent) {
+    return std::make_unique<View>(static_cast<Logic&>(form), parent);
+}
+
+struct DialogOf {
+    std::string_view form;
+    std::unique_ptr<QDialog> (*make)(Form& form, QWidget* parent);
+};
+constexpr DialogOf kDialogs[] = {
+    {"FormStartup", Make<StartupDialog, FormStartup>},
+    {"FormSettings", Make<SettingsDialog, FormSettings>},
+    {"FormErrorLog", Make<ErrorLogDialog, FormErrorLog>},
+    {"FormNewTopic", Make<NewTopicDialog, FormNewTopic>},
+    {"FormNewFolder", Make<NewFolderDialog, FormNewFolder>},
+    {"FormCreateProject", Make<CreateProjectDialog, FormCreateProject>},
+    {"FormProjectSettings", Make<ProjectSettingsDialog, FormProjectSettings>},
+    {"FormAddGraphic", Make<AddGraphicDialog, FormAddGraphic>},
+};
+
+std::unique_ptr<QDialog> MakeDialog(Form& form) {
+    if (form.Name() == "frmSplash") {
+        return std::make_unique<SplashDialog>(static_cast<frmSplash&>(form));
+    }
+    for (const DialogOf& dialog : kDialogs) {
+        if (dialog.form == form.Name()) return dialog.make(form, ParentForDialog());
+    }
+    qFatal("no view for %s", std::string(form.Name()).c_str());
+}
+
 }  // namespace
 
 class QtScreen::NormalPointer {
@@ -105,20 +147,28 @@ class QtScreen::NormalPointer {
 void QtScreen::ShowModal(Form& form) {
     {
         const NormalPointer pointer(hourglasses_);
-        QWidget* parent = ParentForDialog();
-        if (form.Name() == "frmSplash") {
-            SplashDialog(static_cast<frmSplash&>(form)).exec();
-        } else if (form.Name() == "FormStartup") {
-            StartupDialog(static_cast<FormStartup&>(form), parent).exec();
-        } else if (form.Name() == "FormSettings") {
-            SettingsDialog(static_cast<FormSettings&>(form), parent).exec();
-        } else if (form.Name() == "FormErrorLog") {
-            ErrorLogDialog(static_cast<FormErrorLog&>(form), parent).exec();
-        } else {
-            qFatal("no view for %s", std::string(form.Name()).c_str());
-        }
+        const std::unique_ptr<QDialog> dialog = MakeDialog(form);
+        auto* help = new QShortcut(QKeySequence::HelpContents, dialog.get());
+        QObject::connect(help, &QShortcut::activated, dialog.get(), [this, &form] {
+            if (help_wanted) help_wanted(form.Name());
+        });
+        dialog->exec();
     }
     form.Unload();
+}
+
+void QtScreen::Show(std::unique_ptr<Form> form) {
+    QWidget* parent = ParentForDialog();
+    const QString name = ToQt(form->Name());
+    if (auto* shown = parent == nullptr ? nullptr : parent->findChild<QWidget*>(name)) {
+        shown->raise();
+        return shown->activateWindow();
+    }
+    if (name != "FormSeeAlso") qFatal("no view for %s", name.toUtf8().constData());
+    // The dialog belongs to the window and goes when it is closed.
+    (new SeeAlsoDialog(std::unique_ptr<FormSeeAlso>(static_cast<FormSeeAlso*>(form.release())),
+                       parent))
+        ->show();
 }
 
 MessageAnswer QtScreen::ShowMessage(const Message& message) {
@@ -157,6 +207,8 @@ std::string QtScreen::ChooseFile(const FileDialog& dialog) {
     box.setOption(QFileDialog::HideNameFilterDetails);
     box.setFileMode(dialog.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     box.setAcceptMode(dialog.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    box.setOption(QFileDialog::DontConfirmOverwrite, !dialog.asks_to_overwrite);
+    if (dialog.save) box.setDefaultSuffix(FirstEnding(dialog.filter));
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return {};
     const QString chosen = box.selectedFiles().constFirst();
     WindowSettings().SetText(kLastFolder, QFileInfo(chosen).absolutePath());

@@ -3,6 +3,9 @@
 
 #include <QWidget>
 
+#include <functional>
+#include <memory>
+
 #include "platform/file_system.hpp"
 #include "platform/screen.hpp"
 
@@ -13,12 +16,16 @@ class QtScreen : public Screen {
     explicit QtScreen(FileSystem& files) : files_(files) {}
 
     void ShowModal(Form& form) override;
+    void Show(std::unique_ptr<Form> form) override;
     MessageAnswer ShowMessage(const Message& message) override;
     std::string ChooseFile(const FileDialog& dialog) override;
     void SetPointer(Pointer pointer) override;
     void DoEvents() override;
     void Beep() override;
     void SetClipboardText(std::string_view text) override;
+
+    /// The user asks for help in the dialog of this form.
+    std::function<void(std::string_view form)> help_wanted;
 
   private:
     /// A dialog is used with the normal pointer, whatever runs behind it.

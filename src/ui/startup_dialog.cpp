@@ -29,8 +29,8 @@ StartupDialog::StartupDialog(FormStartup& form, QWidget* parent)
     MakeList();
     auto* label = new QLabel(form_.ListProjects.Count() > 0
                                  ? "&Recent projects:"
-                                 : "There are no &recent projects yet. Choose \"More Projects...\" "
-                                   "to open one.");
+                                 : "There are no &recent projects yet. Make one with \"New "
+                                   "Project\", or open one with \"More Projects...\".");
     label->setBuddy(list_);
     auto* recent = new QVBoxLayout;
     recent->addWidget(label);
@@ -43,7 +43,11 @@ StartupDialog::StartupDialog(FormStartup& form, QWidget* parent)
     all->addLayout(MakeButtons());
     if (!settings_.RestoreGeometry("FormStartup", this)) resize(640, 380);
     settings_.RestoreColumns("FormStartup", list_->header());
-    list_->setFocus();
+    if (form_.ListProjects.Count() > 0) {
+        list_->setFocus();
+    } else {
+        findChild<QWidget*>("Command1")->setFocus();
+    }
 }
 
 void StartupDialog::MakeList() {
@@ -61,10 +65,11 @@ QLayout* StartupDialog::MakeNewProject() {
     button->setObjectName("Command1");
     button->setIcon(QIcon(":/quorrel/icons/new_project.svg"));
     button->setIconSize(QSize(48, 48));
-    button->setText("New Project");
+    button->setText("&New Project");
     button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     button->setAccessibleName("New project");
-    button->setToolTip("Creating projects is not available yet");
+    connect(button, &QToolButton::clicked, this,
+            [this] { Run([this] { form_.Command1_Click(); }); });
     FollowControl(button, form_.Command1);
     auto* column = new QVBoxLayout;
     column->addWidget(button);

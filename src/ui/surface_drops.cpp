@@ -3,8 +3,10 @@
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QTimer>
 
 #include "platform/failure.hpp"
+#include "ui/project_drag.hpp"
 #include "ui/surface_clipboard.hpp"
 #include "ui/topic_view.hpp"
 #include "ui/web_surface.hpp"
@@ -30,7 +32,8 @@ void WebSurface::PasteFiles() {
 }
 
 bool WebSurface::MayDrop(const QDropEvent& event) const {
-    return IsReady() && !look_.browse && CanPaste(event.mimeData());
+    if (!IsReady() || look_.browse) return false;
+    return CanPaste(event.mimeData()) || event.mimeData()->hasFormat(kProjectItemMime);
 }
 
 void WebSurface::Drop(const QDropEvent& event) {
@@ -43,6 +46,10 @@ void WebSurface::Drop(const QDropEvent& event) {
             calls_->Call("drop", {place.x(), place.y(), QJsonObject(), is_copy ? "copy" : "move"});
         } else if (drop_taken && drop_taken(*event.mimeData())) {
             calls_->Call("caretTo", {place.x(), place.y()});
+            // A caret that was there already tells nothing.
+            QTimer::singleShot(0, this, [this] {
+                if (DisplayChanged) DisplayChanged();
+            });
         } else {
             calls_->Call("drop", {place.x(), place.y(), PasteData(*event.mimeData()), ""});
         }

@@ -1,6 +1,7 @@
 // The table of topics at the left.
 #pragma once
 
+#include "ui/project_drag.hpp"
 #include "ui/report_list.hpp"
 
 namespace quorrel {
@@ -16,6 +17,11 @@ class TopicsPane : public ReportList {
     /// Takes the columns of the running edition, with the widths that the user gave them.
     void AdoptColumns(const WindowSettings& settings);
     void SaveColumns(WindowSettings& settings) const;
+
+    DragRunner run_drag = RunDrag;
+
+  protected:
+    void startDrag(Qt::DropActions actions) override;
 
   private:
     void SortBySection(int section);

@@ -28,11 +28,52 @@ TreeViewModel::TreeViewModel(TreeView& tree, QObject* parent)
       open_book_(NodeIcon("open_book")),
       closed_book_(NodeIcon("closed_book")),
       page_(NodeIcon("page")) {
-    Listen(tree_.nodes_changed, this, [this] { Drop(); });
+    Listen(tree_.changing, this, [this](const TreeChange& change) { BeginStep(change); });
+    Listen(tree_.has_changed, this, [this](const TreeChange& change) { EndStep(change); });
     Listen(tree_.node_changed, this, [this](TreeNode& node) {
         const QModelIndex changed = IndexOf(&node);
         if (changed.isValid()) emit dataChanged(changed, changed);
     });
+}
+
+void TreeViewModel::CountStep() {
+    if (steps_++ > 0) return;
+    QMetaObject::invokeMethod(
+        this, [this] { steps_ = 0; }, Qt::QueuedConnection);
+}
+
+void TreeViewModel::BeginStep(const TreeChange& change) {
+    if (!filled_) return;
+    CountStep();
+    // A step costs the view more than a node costs a new filling.
+    constexpr int kMostSteps = 100;
+    if (steps_ > kMostSteps || change.kind == TreeChange::Kind::kClear) return Drop();
+    const QModelIndex parent = IndexOf(change.parent);
+    const int last = change.row + change.count - 1;
+    in_step_ = true;
+    switch (change.kind) {
+        case TreeChange::Kind::kInsert:
+            return beginInsertRows(parent, change.row, last);
+        case TreeChange::Kind::kRemove:
+            return beginRemoveRows(parent, change.row, last);
+        default: {
+            const QModelIndex to = IndexOf(change.new_parent);
+            in_step_ = beginMoveRows(parent, change.row, last, to, rowCount(to));
+        }
+    }
+}
+
+void TreeViewModel::EndStep(const TreeChange& change) {
+    if (!in_step_) return;
+    in_step_ = false;
+    switch (change.kind) {
+        case TreeChange::Kind::kInsert:
+            return endInsertRows();
+        case TreeChange::Kind::kRemove:
+            return endRemoveRows();
+        default:
+            return endMoveRows();
+    }
 }
 
 void TreeViewModel::Drop() {
@@ -94,6 +135,8 @@ QVariant TreeViewModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
             return ToQt(FirstCharacters(node->Text, kShownCharacters));
+        case Qt::EditRole:
+            return ToQt(node->Text);
         case Qt::DecorationRole:
             return IconOf(*node);
         case Qt::FontRole: {
@@ -105,6 +148,20 @@ QVariant TreeViewModel::data(const QModelIndex& index, int role) const {
         default:
             return {};
     }
+}
+
+Qt::ItemFlags TreeViewModel::flags(const QModelIndex& index) const {
+    Qt::ItemFlags flags = QAbstractItemModel::flags(index);
+    if (!index.isValid()) return flags;
+    if (caption_edited) flags |= Qt::ItemIsEditable;
+    if (can_drag) flags |= Qt::ItemIsDragEnabled;
+    return flags;
+}
+
+bool TreeViewModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    TreeNode* node = NodeAt(index);
+    if (node == nullptr || role != Qt::EditRole || !caption_edited) return false;
+    return caption_edited(*node, value.toString());
 }
 
 void TreeViewModel::SetExpanded(const QModelIndex& index, bool expanded) {

@@ -4,13 +4,16 @@
 #include <QAbstractItemModel>
 #include <QIcon>
 
+#include <functional>
+
 #include "platform/controls/tree_view.hpp"
 
 namespace quorrel {
 
-/// Shows a tree that outlives it. The indexes hold nodes, which die when the logic removes them:
-/// as in ListViewModel the first change empties the model at once, and it is filled again from
-/// the event loop.
+/// Shows a tree that outlives it. It follows each step of the tree, so that views keep their place
+/// and what is open. Where the steps come in masses, as from a reader, it is emptied at once and
+/// filled again from the event loop: the indexes hold nodes, which die when the logic removes
+/// them.
 class TreeViewModel : public QAbstractItemModel {
     Q_OBJECT
   public:
@@ -21,6 +24,13 @@ class TreeViewModel : public QAbstractItemModel {
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+
+    /// Takes an edited caption; false refuses it. Without it captions cannot be edited.
+    std::function<bool(TreeNode&, const QString&)> caption_edited;
+    bool can_drag = false;
+
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
     /// Null where the index is of no node that is there.
     [[nodiscard]] TreeNode* NodeAt(const QModelIndex& index) const;
@@ -36,12 +46,17 @@ class TreeViewModel : public QAbstractItemModel {
     void Filled();
 
   private:
+    void BeginStep(const TreeChange& change);
+    void EndStep(const TreeChange& change);
+    void CountStep();
     void Drop();
     void Fill();
     [[nodiscard]] const QIcon& IconOf(const TreeNode& node) const;
 
     TreeView& tree_;
     bool filled_ = true;
+    bool in_step_ = false;
+    int steps_ = 0;  // since the event loop has run
     QIcon open_book_, closed_book_, page_;
 };
 

@@ -78,6 +78,8 @@ WebSurface::~WebSurface() {
     if (!stack_.isNull() && stack_->parent() == nullptr) delete stack_;
     // A page must not outlive its profile.
     delete page_;
+    // Its end may still serve requests, which need what is to go after it.
+    profile_.reset();
 }
 
 QWidget* WebSurface::Widget() const {

@@ -38,7 +38,7 @@ TEST_F(Startup, TheEditionComesFromTheCommandLine) {
     EXPECT_EQ(main.window.window.Caption(), "Quorrel HTML Help Edition");
     EXPECT_EQ(main.topics.ListTopics.columns[3].header, "Context Integer");
     EXPECT_EQ(main.window.Named("viewjavahelp").Caption(), "&View Compiled Help File");
-    EXPECT_FALSE(main.window.Named("ComboIcon").Visible());
+    EXPECT_FALSE(main.window.ComboIcon.Visible());
 }
 
 TEST_F(Startup, SettingsHaveTheirDefaults) {

@@ -12,7 +12,7 @@ class Views : public RecordingFixture {
         std::string names;
         for (const char* name :
              {"Tree1", "ListTopics", "ListKeywords", "DHTMLEdit1", "PictureProperties", "Source1",
-              "WebBrowser1", "PictureTOCEdit", "TreeDoc", "PictureDocEdit", "ProgressReport"}) {
+              "WebBrowser1", "PictureTOCEdit", "TreeDoc", "PictureDocEdit"}) {
             if (main.window.Named(name).Visible) names.append(name).append(" ");
         }
         return names;
@@ -32,11 +32,11 @@ TEST_F(Views, TheLeftStripShowsItsList) {
                  {1, "Tree1 DHTMLEdit1 ", false},
                  {2, "ListTopics DHTMLEdit1 ", false}};
     EXPECT_EQ(Shown(), "Tree1 DHTMLEdit1 ");
-    EXPECT_FALSE(main.window.Named("CommandAddFromIndex").Enabled());
+    EXPECT_FALSE(main.window.CommandAddFromIndex.Enabled());
     for (const auto& [tab, shown, adds_keywords] : cases) {
         main.window.TabStrip1.SelectedIndex = tab;
         EXPECT_EQ(Shown(), shown);
-        EXPECT_EQ(main.window.Named("CommandAddFromIndex").Enabled(), adds_keywords) << tab;
+        EXPECT_EQ(main.window.CommandAddFromIndex.Enabled(), adds_keywords) << tab;
     }
 }
 
@@ -78,7 +78,7 @@ TEST_F(Views, TheTreeTabsLockTheLeftSide) {
         EXPECT_EQ(main.window.TabStrip1.SelectedIndex(), left_tab::kTopics);
         EXPECT_EQ(LeftCaptions(),
                   is_free ? "Contents/Topics/Index" : "(disabled)/Topics/(disabled)");
-        EXPECT_FALSE(main.window.Named("CommandAddFromIndex").Enabled());
+        EXPECT_FALSE(main.window.CommandAddFromIndex.Enabled());
     }
     GoTo(right_tab::kOrganizeTOC);
     main.window.TabStrip1.SelectedIndex = left_tab::kIndex;
@@ -118,9 +118,9 @@ TEST_F(Views, KeywordsAreAddedFromTheIndexOnly) {
     OpenGuide();
     for (const int left : {left_tab::kIndex, left_tab::kTopics}) {
         main.window.TabStrip1.SelectedIndex = left;
-        main.window.Named("CommandAddFromIndex").Enabled = true;
+        main.window.CommandAddFromIndex.Enabled = true;
         GoTo(right_tab::kProperties);
-        EXPECT_EQ(main.window.Named("CommandAddFromIndex").Enabled(), left == left_tab::kIndex);
+        EXPECT_EQ(main.window.CommandAddFromIndex.Enabled(), left == left_tab::kIndex);
         GoTo(right_tab::kNormal);
     }
 }

@@ -94,7 +94,7 @@ TEST_F(KeywordStore, AHeadStaysForItsSubKeysAndGoesWithTheFirst) {
 TEST_F(KeywordStore, RenamingReplacesTextInTheRowsOfThePath) {
     AddToIndex(main, "Old", "1", "a;b;");
     AddToIndex(main, "Old", "2", "b;c;");
-    RenameTitleInIndex(main.keywords, "New", "Old", "1");
+    RenameTitleInIndex(main.keywords, KeywordsOfTopic(main.keywords, "1"), "New", "Old", "1");
     EXPECT_EQ(Rows(), (Lines{"a|a|New>1;:", "b|b|New>1;:New>2;:", "c|c|Old>2;:"}));
 }
 

@@ -5,6 +5,7 @@
 
 #include <deque>
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,6 +33,12 @@ class ScriptedScreen : public Screen {
     [[nodiscard]] const std::vector<std::string>& ShownForms() const { return shown_; }
     [[nodiscard]] const FileDialog& LastFileDialog() const { return last_dialog_; }
 
+    std::string clipboard;
+
+    void Show(std::unique_ptr<Form> form) override {
+        ShowModal(*form);
+        beside_.push_back(std::move(form));
+    }
     void ShowModal(Form& form) override {
         shown_.emplace_back(form.Name());
         if (forms_.empty() || forms_.front().first != form.Name()) {
@@ -66,13 +73,14 @@ class ScriptedScreen : public Screen {
     void SetPointer(Pointer) override {}
     void DoEvents() override {}
     void Beep() override {}
-    void SetClipboardText(std::string_view) override {}
+    void SetClipboardText(std::string_view text) override { clipboard = text; }
 
   private:
     std::deque<std::pair<std::string, MessageAnswer>> answers_;
     std::deque<std::string> files_;
     std::deque<std::pair<std::string, std::function<void(Form&)>>> forms_;
     std::vector<std::string> shown_;
+    std::vector<std::unique_ptr<Form>> beside_;
     FileDialog last_dialog_;
 };
 

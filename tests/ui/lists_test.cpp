@@ -1,7 +1,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
-#include <QTabWidget>
+#include <QTabBar>
 #include <QTest>
 #include <QTreeView>
 
@@ -15,7 +15,7 @@ class Lists : public WindowFixture {
     void SetUp() override { StartAndOpen(); }
 
     QTreeView* ShowTab(int number) {
-        Find<QTabWidget>("TabStrip1")->setCurrentIndex(number - 1);
+        Find<QTabBar>("TabStrip1")->setCurrentIndex(number - 1);
         const char* names[] = {"Tree1", "ListTopics", "ListKeywords"};
         return Find<QTreeView>(names[number - 1]);
     }
@@ -94,7 +94,7 @@ TEST_F(Lists, AKeywordOpensItsTopicOrOffersItsTopicsOrLeadsToAnother) {
 }
 
 TEST_F(Lists, TheTabsFollowBothWays) {
-    auto* tabs = Find<QTabWidget>("TabStrip1");
+    auto* tabs = Find<QTabBar>("TabStrip1");
     tabs->setCurrentIndex(2);
     EXPECT_EQ(Main().window.TabStrip1.SelectedIndex(), left_tab::kIndex);
     Main().window.TabStrip1.SelectedIndex = left_tab::kTopics;

@@ -5,6 +5,9 @@
 #include <QTest>
 #include <QTreeView>
 
+#include <random>
+
+#include "platform/failure.hpp"
 #include "ui/list_view_model.hpp"
 #include "ui/report_list.hpp"
 #include "ui/tree_view_model.hpp"
@@ -103,6 +106,67 @@ TEST(TreeViewModelTest, IsSoundWhileTheTreeChanges) {
         view.grab();
         EXPECT_TRUE(QTest::qWaitFor([&] { return model.IsFilled(); }));
     }
+}
+
+QString ShapeOf(const QAbstractItemModel& model, const QModelIndex& parent = {}) {
+    QString shape;
+    for (int i = 0; i < model.rowCount(parent); ++i) {
+        const QModelIndex index = model.index(i, 0, parent);
+        shape += index.data().toString() + "(" + ShapeOf(model, index) + ")";
+    }
+    return shape;
+}
+
+TEST(TreeViewModelTest, FollowsEachStepOfTheTree) {
+    TreeView tree;
+    TreeViewModel model(tree);
+    const Tester tester(&model, kFatal);
+    QTreeView view;
+    view.setModel(&model);
+    view.show();
+    QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
+    std::mt19937 random(1);
+    for (int step = 0; step < 500; ++step) {
+        const auto any = [&]() -> TreeNode* {
+            return tree.Count() == 0 ? nullptr
+                                     : &tree.At(1 + static_cast<int>(random() % tree.Count()));
+        };
+        TreeNode* const node = any();
+        TreeNode* const other = any();
+        switch (node == nullptr ? 0 : random() % 8) {
+            case 4:
+                tree.Remove(*node);
+                break;
+            case 5:
+                tree.RemoveChildren(*node);
+                break;
+            case 6:
+            case 7:
+                try {
+                    if (step % 2 == 0) {
+                        tree.SetParent(*node, other);
+                    } else {
+                        tree.MoveChildren(*node, *other);
+                    }
+                } catch (const RuntimeError&) {
+                    // A node does not go below itself.
+                }
+                break;
+            default:
+                tree.Add(node, static_cast<NodeRelation>(2 + random() % 3), std::to_string(step), 3,
+                         3);
+        }
+        ASSERT_TRUE(model.IsFilled());
+        const TreeViewModel fresh(tree);
+        ASSERT_EQ(ShapeOf(model), ShapeOf(fresh)) << step;
+        view.expandAll();
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(resets.count(), 0) << "so a view keeps its place";
+    const QPersistentModelIndex last = model.IndexOf(&tree.At(tree.Count()));
+    const QString text = last.data().toString();
+    tree.Add(tree.Roots().front(), NodeRelation::kPrevious, "first", 3, 3);
+    EXPECT_EQ(last.data().toString(), text);
 }
 
 }  // namespace

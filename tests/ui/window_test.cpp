@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QSplitter>
+#include <QTabBar>
 #include <QTest>
 
 #include "ui/window_fixture.hpp"
@@ -12,7 +12,95 @@
 namespace quorrel::test {
 namespace {
 
-using Window = WindowFixture;
+class Window : public WindowFixture {
+  protected:
+    /// Drags the split by so many pixels, and says where the bar stood before the mouse let go.
+    int DragSplit(int pixels) {
+        auto* grip = Find<QWidget>("imgSplitter");
+        const QPoint start = grip->rect().center();
+        QTest::mousePress(grip, Qt::LeftButton, {}, start);
+        QTest::mouseMove(grip, start + QPoint(pixels, 0));
+        const int bar = Find<QWidget>("picSplitter")->x();
+        EXPECT_TRUE(Find<QWidget>("picSplitter")->isVisible());
+        QTest::mouseRelease(grip, Qt::LeftButton, {}, start + QPoint(pixels, 0));
+        EXPECT_FALSE(Find<QWidget>("picSplitter")->isVisible());
+        return bar;
+    }
+
+    /// The panes of a side that are shown, and that all lie within its strip's column.
+    QStringList ShownPanes() {
+        QStringList shown;
+        for (const char* name : {"Tree1", "ListTopics", "ListKeywords", "DHTMLEdit1", "Source1",
+                                 "WebBrowser1", "TreeDoc", "PictureProperties", "PictureTOCEdit",
+                                 "PictureDocEdit", "LabelExtEditor"}) {
+            const auto* pane = run->window.findChild<QWidget*>(name);
+            if (pane != nullptr && pane->isVisible()) shown << name;
+        }
+        return shown;
+    }
+};
+
+TEST_F(Window, ThePanesFollowTheSplitTheWindowAndTheTab) {
+    StartAndOpen();
+    run->window.resize(900, 600);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return run->window.size() == QSize(900, 600); }));
+    auto* area = Find<QWidget>("PictureBackground");
+    auto* tree = Find<QWidget>("Tree1");
+    auto* surface = Find<QWidget>("TopicArea");
+    const int top = 23;  // 350 twips
+    EXPECT_EQ(tree->geometry(), QRect(QPoint(4, top), QPoint(296, area->height() - 1)));
+    EXPECT_EQ(surface->y(), top);
+    EXPECT_EQ(surface->geometry().bottom(), area->height() - 1);
+    EXPECT_EQ(surface->geometry().right(), 900 - 7 - 3 - 1);
+
+    // The bar follows the mouse to 500 twips, the split stays at 1500.
+    EXPECT_EQ(DragSplit(-280), 33 - 1);
+    EXPECT_EQ(Find<QWidget>("TabStrip1")->width(), 100);
+    EXPECT_EQ(tree->geometry().right() + 1, 97);
+    EXPECT_EQ(surface->x(), 106);
+    DragSplit(200);
+    EXPECT_NEAR(Find<QWidget>("TabStrip1")->width(), 300, 1);
+
+    auto* tabs = Find<QTabBar>("TabStrip2");
+    tabs->setCurrentIndex(right_tab::kOrganizeTOC - 1);
+    EXPECT_EQ(tree->geometry(), QRect(surface->x(), top, surface->width(), area->height() - 223));
+    EXPECT_FALSE(Find<QTabBar>("TabStrip1")->isEnabled());
+    EXPECT_EQ(Find<QTabBar>("TabStrip1")->tabText(2), "(disabled)");
+    const int before = tree->x();
+    DragSplit(50);
+    EXPECT_NEAR(tree->x(), before + 50, 1) << "on this tab the tree stays on the right side";
+    const QRect upper = tree->geometry();
+    tabs->setCurrentIndex(right_tab::kDocumentWizard - 1);
+    EXPECT_EQ(Find<QWidget>("TreeDoc")->geometry(), upper);
+    tabs->setCurrentIndex(right_tab::kNormal - 1);
+    EXPECT_EQ(tree->x(), 4);
+    EXPECT_EQ(Find<QTabBar>("TabStrip1")->tabText(2), "Index");
+}
+
+TEST_F(Window, EachTabShowsItsPanes) {
+    StartAndOpen();
+    const QStringList expected[] = {{"Tree1", "DHTMLEdit1"},
+                                    {"Tree1"},
+                                    {"Tree1", "Source1"},
+                                    {"Tree1", "WebBrowser1"},
+                                    {"Tree1", "ListTopics"},
+                                    {"ListTopics", "WebBrowser1"},
+                                    {"ListTopics", "TreeDoc", "PictureDocEdit"}};
+    for (int tab = right_tab::kNormal; tab <= right_tab::kDocumentWizard; ++tab) {
+        QTest::keyClick(&run->window, static_cast<Qt::Key>(Qt::Key_0 + tab), Qt::AltModifier);
+        EXPECT_EQ(Main().window.TabStrip2.SelectedIndex(), tab);
+        EXPECT_EQ(ShownPanes(), expected[tab - 1]) << tab;
+    }
+}
+
+TEST_F(Window, TheExpandedPaneGivesTheRightSideTheRoomAndTakesItBack) {
+    StartAndOpen();
+    const QRect before = Find<QWidget>("TabStrip2")->geometry();
+    Find<QAction>("expandpane")->trigger();
+    EXPECT_EQ(Find<QWidget>("TabStrip1")->width(), 100);
+    Find<QAction>("expandpane")->trigger();
+    EXPECT_NEAR(Find<QWidget>("TabStrip2")->x(), before.x(), 3);
+}
 
 TEST_F(Window, RecentEntriesKeepTheAmpersandsOfTheirPaths) {
     StartAndOpen();
@@ -58,13 +146,14 @@ TEST_F(Window, ClosingWritesTheSettingsOnce) {
 TEST_F(Window, ItsPlaceIsRemembered) {
     StartAndOpen();
     run->window.setGeometry(40, 50, 700, 430);
-    Find<QSplitter>("splitter")->setSizes({220, 470});
+    DragSplit(-80);
     Find<QTreeView>("ListTopics")->header()->resizeSection(0, 171);
-    const int left = Find<QSplitter>("splitter")->sizes().constFirst();
+    const int left = Find<QWidget>("TabStrip1")->width();
+    EXPECT_NEAR(left, 220, 3);
     run->window.close();
     Start([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     EXPECT_EQ(run->window.size(), QSize(700, 430));
-    EXPECT_EQ(Find<QSplitter>("splitter")->sizes().constFirst(), left);
+    EXPECT_NEAR(Find<QWidget>("TabStrip1")->width(), left, 1);
     EXPECT_EQ(Find<QTreeView>("ListTopics")->header()->sectionSize(0), 171);
 }
 

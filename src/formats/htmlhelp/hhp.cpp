@@ -151,7 +151,9 @@ void rebuildindex_Click(MainForm& main) {
     ProjectState& project = main.project;
     std::string text;
     if (!trap([&] { text = main.texts.Read(project.proj); })) return;
+    ShownProgress progress(main.window.progress, static_cast<int>(CountLines(text)));
     const TitleOfFile title_of_file = [&](const std::string& path) {
+        progress.Next();
         return ReadTopicTitle(main.files, path, main.texts.CodePageNumber());
     };
     std::string first_file =

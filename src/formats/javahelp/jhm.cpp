@@ -102,7 +102,9 @@ void ReadJavaMapFile(MainForm& main) {
     main.window.StatusBar1.SetPanel(1, "Reading Map File...");
     std::string text;
     if (!trap([&] { text = main.texts.ReadXml(main.project.java_map_file); })) return;
+    ShownProgress progress(main.window.progress, static_cast<int>(CountLines(text)));
     const TitleOfTopic title_of_topic = [&](const std::string& path) {
+        progress.Next();
         return ReadTopicTitle(main.files, path, main.texts.CodePageNumber(), TitlePieces::kTrimmed);
     };
     ReadMap(text, main.project.proj_path, main.topics.ListTopics, main.topics.ListAliases,

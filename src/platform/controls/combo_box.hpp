@@ -43,4 +43,23 @@ class ComboBox : public Control {
     std::vector<std::string> items_;
 };
 
+/// A list of proposals for a text that can be typed as well.
+class TextComboBox : public TextBox {
+  public:
+    void AddItem(std::string text) {
+        items_.push_back(std::move(text));
+        changed.Emit();
+    }
+    /// The text goes as well.
+    void Clear() {
+        items_.clear();
+        Text = std::string();
+        changed.Emit();
+    }
+    [[nodiscard]] const std::vector<std::string>& List() const { return items_; }
+
+  private:
+    std::vector<std::string> items_;
+};
+
 }  // namespace quorrel

@@ -38,6 +38,10 @@ struct Control {
     Control& operator=(const Control&) = delete;
 
     Signal<> changed;
+    /// The keyboard is to go to the control.
+    Signal<> focus_wanted;
+    void SetFocus() const { focus_wanted.Emit(); }
+
     Property<bool> Enabled{changed, true};
     Property<bool> Visible{changed, true};
     Property<std::string> Caption{changed};

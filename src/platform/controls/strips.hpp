@@ -1,4 +1,4 @@
-// The tab strip and the status bar: rows of captions.
+// The tab strip and the status bar, which are rows of captions, and the progress bar.
 #pragma once
 
 #include <array>
@@ -42,6 +42,33 @@ class StatusBar : public Control {
 
   private:
     std::array<std::string, 2> panels_;
+};
+
+/// How far a long work has come.
+class ProgressBar : public Control {
+  public:
+    Property<int> Max{changed, 100};
+    Property<int> Value{changed};
+};
+
+/// Shows a bar while it lives.
+class ShownProgress {
+  public:
+    /// Of so many pieces of work.
+    ShownProgress(ProgressBar& bar, int pieces) : bar_(bar) {
+        bar_.Max = pieces;
+        bar_.Value = 0;
+        bar_.Visible = true;
+    }
+    ShownProgress(const ShownProgress&) = delete;
+    ShownProgress& operator=(const ShownProgress&) = delete;
+    ~ShownProgress() { bar_.Visible = false; }
+
+    /// A piece is done.
+    void Next() { bar_.Value = bar_.Value() + 1; }
+
+  private:
+    ProgressBar& bar_;
 };
 
 }  // namespace quorrel

@@ -35,7 +35,24 @@ std::string TreeNode::FullPath() const {
     return path;
 }
 
+bool TreeChange::IsIdle(const TreeView& tree) const {
+    if (kind != Kind::kMove) return false;
+    if (count == 0) return true;
+    const int siblings =
+        parent == nullptr ? static_cast<int>(tree.Roots().size()) : parent->Children();
+    return parent == new_parent && row + count == siblings;
+}
+
 TreeView::~TreeView() = default;
+
+void TreeView::Begin(const TreeChange& change) {
+    changing.Emit(change);
+}
+
+void TreeView::End(const TreeChange& change) {
+    has_changed.Emit(change);
+    nodes_changed.Emit();
+}
 
 void TreeView::Renumber(std::vector<TreeNode*>& siblings, std::size_t from) {
     for (std::size_t i = from; i < siblings.size(); ++i) siblings[i]->row_ = static_cast<int>(i);
@@ -43,6 +60,15 @@ void TreeView::Renumber(std::vector<TreeNode*>& siblings, std::size_t from) {
 
 TreeNode& TreeView::Add(TreeNode* relative, NodeRelation relation, std::string text, int image,
                         int selected_image) {
+    const bool as_child = relative == nullptr || relation == NodeRelation::kChild;
+    TreeNode* parent = as_child ? relative : relative->parent_;
+    std::vector<TreeNode*>& siblings = ChildrenOf(parent);
+    std::size_t row = siblings.size();
+    if (!as_child) {
+        row = static_cast<std::size_t>(relative->row_) + (relation == NodeRelation::kNext ? 1 : 0);
+    }
+    const TreeChange change{TreeChange::Kind::kInsert, parent, static_cast<int>(row)};
+    Begin(change);
     nodes_.push_back(std::unique_ptr<TreeNode>(new TreeNode));
     TreeNode& node = *nodes_.back();
     node.tree_ = this;
@@ -50,16 +76,10 @@ TreeNode& TreeView::Add(TreeNode* relative, NodeRelation relation, std::string t
     node.Text = std::move(text);
     node.Image = image;
     node.SelectedImage = selected_image;
-    const bool as_child = relative == nullptr || relation == NodeRelation::kChild;
-    node.parent_ = as_child ? relative : relative->parent_;
-    std::vector<TreeNode*>& siblings = ChildrenOf(node.parent_);
-    std::size_t row = siblings.size();
-    if (!as_child) {
-        row = static_cast<std::size_t>(relative->row_) + (relation == NodeRelation::kNext ? 1 : 0);
-    }
+    node.parent_ = parent;
     siblings.insert(siblings.begin() + static_cast<std::ptrdiff_t>(row), &node);
     Renumber(siblings, row);
-    nodes_changed.Emit();
+    End(change);
     return node;
 }
 
@@ -80,38 +100,76 @@ void TreeView::Detach(TreeNode& node) {
 }
 
 void TreeView::Remove(TreeNode& node) {
-    Detach(node);
-    std::vector<TreeNode*> doomed{&node};
+    RemoveRows(node.parent_, node.row_, 1);
+}
+
+void TreeView::RemoveChildren(TreeNode& node) {
+    if (node.Children() > 0) RemoveRows(&node, 0, node.Children());
+}
+
+void TreeView::RemoveRows(TreeNode* parent, int row, int count) {
+    const TreeChange change{TreeChange::Kind::kRemove, parent, row, count};
+    Begin(change);
+    std::vector<TreeNode*>& siblings = ChildrenOf(parent);
+    const auto first = siblings.begin() + row;
+    std::vector<TreeNode*> doomed(first, first + count);
+    siblings.erase(first, first + count);
+    Renumber(siblings, static_cast<std::size_t>(row));
     for (std::size_t i = 0; i < doomed.size(); ++i) {
-        const TreeNode& parent = *doomed[i];
-        doomed.insert(doomed.end(), parent.children_.begin(), parent.children_.end());
+        const TreeNode& gone = *doomed[i];
+        doomed.insert(doomed.end(), gone.children_.begin(), gone.children_.end());
     }
     for (TreeNode* gone : doomed) {
-        if (selected_ == gone) Select(nullptr);
         gone->index_ = 0;
     }
+    const bool was_selected = selected_ != nullptr && selected_->index_ == 0;
+    if (was_selected) selected_ = nullptr;
+    if (drop_highlight_ != nullptr && drop_highlight_->index_ == 0) drop_highlight_ = nullptr;
     std::erase_if(nodes_, [](const auto& candidate) { return candidate->index_ == 0; });
     for (std::size_t i = 0; i < nodes_.size(); ++i) nodes_[i]->index_ = static_cast<int>(i) + 1;
-    nodes_changed.Emit();
+    End(change);
+    if (was_selected) changed.Emit();
 }
 
 void TreeView::Clear() {
     Select(nullptr);
+    drop_highlight_ = nullptr;
+    constexpr TreeChange kChange{TreeChange::Kind::kClear};
+    Begin(kChange);
     roots_.clear();
     nodes_.clear();
-    nodes_changed.Emit();
+    End(kChange);
 }
 
 void TreeView::SetParent(TreeNode& node, TreeNode* parent) {
     for (const TreeNode* above = parent; above != nullptr; above = above->parent_) {
         if (above == &node) throw RuntimeError(run_time_error::kInvalidArgument);
     }
+    const TreeChange change{TreeChange::Kind::kMove, node.parent_, node.row_, 1, parent};
+    if (change.IsIdle(*this)) return;
+    Begin(change);
     Detach(node);
     node.parent_ = parent;
     std::vector<TreeNode*>& siblings = ChildrenOf(parent);
     siblings.push_back(&node);
     Renumber(siblings, siblings.size() - 1);
-    nodes_changed.Emit();
+    End(change);
+}
+
+void TreeView::MoveChildren(TreeNode& from, TreeNode& to) {
+    if (&from == &to) return;
+    for (const TreeNode* above = &to; above != nullptr; above = above->parent_) {
+        if (above == &from) throw RuntimeError(run_time_error::kInvalidArgument);
+    }
+    const TreeChange change{TreeChange::Kind::kMove, &from, 0, from.Children(), &to};
+    if (change.IsIdle(*this)) return;
+    Begin(change);
+    const std::size_t first = to.children_.size();
+    to.children_.insert(to.children_.end(), from.children_.begin(), from.children_.end());
+    from.children_.clear();
+    for (std::size_t i = first; i < to.children_.size(); ++i) to.children_[i]->parent_ = &to;
+    Renumber(to.children_, first);
+    End(change);
 }
 
 void TreeView::Select(TreeNode* node) {

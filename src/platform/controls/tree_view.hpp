@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -55,6 +56,25 @@ class TreeNode {
 /// How a new node stands to its relative; the numbers are those of the classic control.
 enum class NodeRelation { kNext = 2, kPrevious = 3, kChild = 4 };
 
+/// A step in which nodes come, go or move. The rows are 0-based places below `parent`, null being
+/// the root level.
+struct TreeChange {
+    enum class Kind {
+        kInsert,  // one node at `row`
+        kRemove,  // `count` nodes from `row` on with their subtrees
+        kMove,    // `count` nodes from `row` on to the end of the children of `new_parent`
+        kClear,
+    };
+    Kind kind;
+    TreeNode* parent = nullptr;
+    int row = 0;
+    int count = 1;
+    TreeNode* new_parent = nullptr;
+
+    /// True for a move that leaves everything as it is.
+    [[nodiscard]] bool IsIdle(const TreeView& tree) const;
+};
+
 /// Beside their place in the tree the nodes have a 1-based number in the order of addition,
 /// which moves up when a node before is removed.
 class TreeView : public Control {
@@ -62,6 +82,9 @@ class TreeView : public Control {
     TreeView() = default;
     ~TreeView();
 
+    /// Before and after each step: the nodes stand where they stood, then where they stand now.
+    Signal<const TreeChange&> changing;
+    Signal<const TreeChange&> has_changed;
     /// Nodes came, went or moved.
     Signal<> nodes_changed;
     /// The content of one node changed; who changes it emits.
@@ -80,13 +103,28 @@ class TreeView : public Control {
     [[nodiscard]] const std::vector<TreeNode*>& Roots() const { return roots_; }
     /// Removes the node with its subtree.
     void Remove(TreeNode& node);
+    void RemoveChildren(TreeNode& node);
     void Clear();
     /// Moves the node with its subtree to the end of the children of `parent`, or to the end of
     /// the root level for null. A node does not go below itself (raises 5).
     void SetParent(TreeNode& node, TreeNode* parent);
+    /// Moves all children of `from` in their order to the end of those of `to`, as SetParent of
+    /// one after the other does. `to` is not below `from`.
+    void MoveChildren(TreeNode& from, TreeNode& to);
 
     [[nodiscard]] TreeNode* SelectedItem() const { return selected_; }
     void Select(TreeNode* node);
+    /// The node that shows where a drag would drop, or null.
+    [[nodiscard]] TreeNode* DropHighlight() const { return drop_highlight_; }
+    void SetDropHighlight(TreeNode* node) { drop_highlight_ = node; }
+    /// The node at a point of the visible part, in twips from its top left corner; null for none
+    /// and where nobody shows the tree.
+    [[nodiscard]] TreeNode* HitTest(double x, double y) const {
+        return hit_test ? hit_test(x, y) : nullptr;
+    }
+    /// Whoever shows the tree answers.
+    std::function<TreeNode*(double x, double y)> hit_test;
+
     /// Expands the ancestors and asks for the node to be shown.
     void EnsureVisible(TreeNode& node);
 
@@ -95,12 +133,16 @@ class TreeView : public Control {
     std::vector<TreeNode*>& ChildrenOf(TreeNode* parent) {
         return parent == nullptr ? roots_ : parent->children_;
     }
+    void Begin(const TreeChange& change);
+    void End(const TreeChange& change);
+    void RemoveRows(TreeNode* parent, int row, int count);
     void Detach(TreeNode& node);
     static void Renumber(std::vector<TreeNode*>& siblings, std::size_t from);
 
     std::vector<std::unique_ptr<TreeNode>> nodes_;  // in the order of addition
     std::vector<TreeNode*> roots_;
     TreeNode* selected_ = nullptr;
+    TreeNode* drop_highlight_ = nullptr;
 };
 
 }  // namespace quorrel

@@ -191,6 +191,17 @@ TEST_P(TreeViewOperations, KeepLinksNumbersAndSelection) {
             std::erase_if(flat, [&](const TreeNode* node) { return IsWithin(node, *at); });
             tree.Remove(*at);
             ASSERT_EQ(tree.SelectedItem(), selected);
+        } else if (action < 80) {
+            std::erase_if(flat,
+                          [&](const TreeNode* node) { return node != at && IsWithin(node, *at); });
+            tree.RemoveChildren(*at);
+            ASSERT_EQ(at->Child(), nullptr);
+        } else if (action < 85 && relative != nullptr && !IsWithin(relative, *at)) {
+            TreeNode* const first = at->Child();
+            const int wanted = relative->Children() + at->Children();
+            tree.MoveChildren(*at, *relative);
+            ASSERT_EQ(relative->Children(), wanted);
+            ASSERT_TRUE(first == nullptr || first->Parent() == relative);
         } else if (IsWithin(relative, *at)) {
             EXPECT_THROW(tree.SetParent(*at, relative), RuntimeError);
         } else {

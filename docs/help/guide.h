@@ -1,0 +1,15 @@
+#define IDH_FormCreateProject 1010
+#define IDH_FormNewTopic 1012
+#define IDH_FormStartup 1011
+#define IDH_FormProjectSettings 1013
+#define IDH_FormSeeAlso 1016
+#define IDH_FormSettings 1014
+#define IDH_FormErrorLog 1015
+#define IDH_ViewDocumentWizard 1027
+#define IDH_ViewHTMLSource 1023
+#define IDH_ViewNormal 1021
+#define IDH_ViewOrganizeTOC 1025
+#define IDH_ViewPreviewTest 1024
+#define IDH_ViewTopicProperties 1022
+#define IDH_ViewTopicReport 1026
+#define IDH_Welcome 1000

@@ -1,0 +1,126 @@
+#include "project/form_create_project.hpp"
+
+#include "app/main_form.hpp"
+#include "platform/text.hpp"
+#include "project/form_new_topic.hpp"
+#include "project/open_project.hpp"
+#include "project/paths.hpp"
+#include "project/save_project.hpp"
+#include "project/side_files.hpp"
+
+namespace quorrel {
+
+FormCreateProject::FormCreateProject(MainForm& main) : main_(main) {
+    const bool javahelp = main.settings.is_javahelp_edition;
+    LabelProject.Caption =
+        std::string(javahelp ? "JavaHelp HelpSet (.hs) File" : "Help Project (.hhp) File");
+    LabelTitle.Caption = std::string(javahelp ? "HelpSet Title" : "Help Project Title");
+    Command1.Caption = std::string("Select >>");
+    OKButton.Enabled = false;
+    EditProject.changed.Connect([this] { OKButton.Enabled = !EditProject.Text().empty(); });
+}
+
+void FormCreateProject::Command1_Click() {
+    FileDialog dialog;
+    dialog.title = "Create Project";
+    dialog.filter = main_.settings.is_javahelp_edition ? "JavaHelp HelpSet Files (*.hs)|*.hs"
+                                                       : "HTML Help Project Files (*.hhp)|*.hhp";
+    dialog.folder = main_.settings.main_dir + "projects";
+    dialog.save = true;
+    dialog.asks_to_overwrite = false;  // OKButton_Click does
+    const std::string path = main_.screen.ChooseFile(dialog);
+    if (path.empty()) return;
+    EditProject.Text = path;
+    EditTitle.SetFocus();
+}
+
+bool FormCreateProject::MayReplace() {
+    if (!main_.files.FileExists(EditProject.Text())) return true;
+    return main_.screen.ShowMessage({"A project with this name aleady exists. Overwrite it?",
+                                     main_.settings.APP_NAME, MessageButtons::kYesNoCancel,
+                                     MessageIcon::kExclamation, MessageAnswer::kNo}) ==
+           MessageAnswer::kYes;
+}
+
+bool FormCreateProject::MakeProjectFolder() {
+    const Trap trap(main_.log, "FormCreateProject OKButton_Click: ");
+    const std::string folder(BeforeLast(EditProject.Text(), '\\', {}));
+    if (trap([&] { MakeFolder(main_.files, folder); })) return true;
+    main_.screen.ShowMessage({"The folder " + main_.files.NativePath(folder) +
+                                  " could not be made.\r\n\r\n" + main_.log.LastLine(),
+                              main_.settings.APP_NAME, MessageButtons::kOk,
+                              MessageIcon::kExclamation});
+    EditProject.SetFocus();
+    return false;
+}
+
+void FormCreateProject::NameFiles() {
+    ProjectState& project = main_.project;
+    const std::string base(BaseName(project.proj));
+    const bool javahelp = main_.settings.is_javahelp_edition;
+    project.Pages_SubDir = javahelp ? "HTML" : "";
+    project.hhcfile = base + (javahelp ? "TOC.xml" : ".hhc");
+    project.hhkfile = base + (javahelp ? "Index.xml" : ".hhk");
+    project.java_map_file = base + (javahelp ? ".jhm" : ".h");
+    project.status_file = base + ".stn";
+    main_.outline.doc_outline = base + ".out";
+    project.javahelp_do_fts = true;
+    project.Images_Subdir = "Images";
+    SetProj(main_, "Settings", "html", project.Pages_SubDir);
+    SetProj(main_, "Settings", "images", project.Images_Subdir);
+}
+
+void FormCreateProject::MakeImagesFolder() {
+    const Trap trap(main_.log, "FormCreateProject OKButton_Click: ");
+    const std::string folder = main_.project.proj_path + "\\Images";
+    if (!main_.files.FolderExists(folder)) trap([&] { main_.files.CreateFolder(folder); });
+}
+
+void FormCreateProject::OKButton_Click() {
+    const bool javahelp = main_.settings.is_javahelp_edition;
+    ProjectState& project = main_.project;
+    project.help_mode = javahelp ? 1 : 0;
+    if (EditProject.Text().empty()) return EditProject.SetFocus();
+    // Without its ending the project could not be opened again.
+    if (!Contains(AfterLast(EditProject.Text(), '\\'), ".")) {
+        EditProject.Text = EditProject.Text() + (javahelp ? ".hs" : ".hhp");
+    }
+    if (!MayReplace() || !MakeProjectFolder()) return;
+    project.proj = EditProject.Text();
+    ClearProject(main_);
+    main_.texts.StartProject({});
+    // All of the project's files are to be written by the first save, also over those of a project
+    // that is replaced.
+    main_.contents.toc_dirty = main_.keywords.index_dirty = true;
+    main_.outline.doc_dirty = false;
+    project.proj_path = BeforeLast(project.proj, '\\', {});
+    NameFiles();
+    project.lngMapCount = ReadImageMapCount(main_);
+    ShowBuildButtons(main_);
+    MakeImagesFolder();
+    project.last_file_path = project.proj_path + (javahelp ? "\\HTML" : "");
+    project.common_flag = 1;
+    const std::string& title = EditTitle.Text;
+    project.project_title = title.empty() ? "Untitled" : title;
+    UpdateCaption(main_);
+    project.proj_success = true;
+    ShowNewTopic(main_);
+    project.common_flag = 0;
+    closed = true;
+}
+
+std::string FormCreateProject::NativePath(std::string_view path) const {
+    return main_.files.NativePath(path);
+}
+
+std::string FormCreateProject::WindowsPath(std::string_view native) const {
+    return native.empty() ? std::string() : main_.files.WindowsPath(native);
+}
+
+void FileNewProject_Click(MainForm& main) {
+    if (PromptSaveChanges(main) == save_prompt::kCancelled) return;
+    FormCreateProject form(main);
+    main.screen.ShowModal(form);
+}
+
+}  // namespace quorrel

@@ -1,0 +1,50 @@
+// The dialog that makes a project with its folders and its first topic.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/controls/control.hpp"
+#include "platform/screen.hpp"
+
+namespace quorrel {
+
+struct MainForm;
+
+class FormCreateProject : public Form {
+  public:
+    static constexpr std::string_view kCaption = "Create New Project";
+    static constexpr std::string_view kNotice =
+        "IMPORTANT: You should place every project in its own directory.";
+
+    explicit FormCreateProject(MainForm& main);
+    [[nodiscard]] std::string_view Name() const override { return "FormCreateProject"; }
+
+    Control LabelProject, LabelTitle;
+    TextBox EditProject;  // the project file
+    TextBox EditTitle;
+    Control Command1;  // "Select >>"
+    Control OKButton;
+
+    void Command1_Click();
+    /// Nothing of the project file itself is written: that is left to the first save.
+    void OKButton_Click();
+    void CancelButton_Click() { closed = true; }
+
+    /// The path as the user of this system writes it, and back.
+    [[nodiscard]] std::string NativePath(std::string_view path) const;
+    [[nodiscard]] std::string WindowsPath(std::string_view native) const;
+
+  private:
+    [[nodiscard]] bool MayReplace();
+    [[nodiscard]] bool MakeProjectFolder();
+    void NameFiles();
+    void MakeImagesFolder();
+
+    MainForm& main_;
+};
+
+/// The command that makes a project, after the question whether to save the open one.
+void FileNewProject_Click(MainForm& main);
+
+}  // namespace quorrel

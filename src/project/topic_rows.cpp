@@ -1,0 +1,128 @@
+#include "project/topic_rows.hpp"
+
+#include <algorithm>
+#include <string>
+
+#include "app/main_form.hpp"
+#include "contents/keyword_store.hpp"
+#include "contents/new_topic_node.hpp"
+#include "contents/node_data.hpp"
+#include "editor/load_file.hpp"
+#include "platform/text.hpp"
+#include "platform/unicode.hpp"
+#include "project/paths.hpp"
+#include "project/topic_properties.hpp"
+#include "project/working_copy.hpp"
+
+namespace quorrel {
+namespace {
+
+void DeleteKeywords(MainForm& main, std::string_view cell, const std::string& path) {
+    for (std::size_t end = cell.find(';'); end != npos; end = cell.find(';')) {
+        DeleteKeyFromIndex(main.keywords, ReplaceAll(cell.substr(0, end), kSubKeyMark, ":"), path);
+        cell.remove_prefix(end + 1);
+    }
+}
+
+/// Removes the nodes that lead to the topic itself and to no bookmark in it. The node that moves
+/// up to the number of a removed one is passed over, so of two in a row the second stays.
+void RemoveNodes(ContentsState& contents, const std::string& path) {
+    TreeView& tree = contents.Tree1;
+    for (int i = 1; i <= tree.Count(); ++i) {
+        TreeNode& node = tree.At(i);
+        if (!EqualsIgnoringCase(UnpackNodeData(node.Tag).location, path)) continue;
+        tree.Remove(node);
+        contents.toc_dirty = true;
+    }
+}
+
+/// Removes the row and selects the one that comes to its place, or the one before.
+void RemoveRow(TopicTables& topics, const ListRow& row) {
+    ListView& table = topics.ListTopics;
+    OpenRowKeeper keeper(topics);
+    const int position = table.PositionOf(row);
+    keeper.Forget(row);
+    table.Remove(position);
+    const int next = std::min(position, table.Count());
+    table.Select(next == 0 ? nullptr : &table.At(next));
+}
+
+void CloseTopic(MainForm& main) {
+    EditorState& editor = main.editor;
+    editor.main_path.clear();
+    editor.temp_path.clear();
+    main.Source1.SetText({});
+    main.DHTMLEdit1.NewDocument("There is no topic to show.");
+    WindowControls& window = main.window;
+    for (TextBox* edit : {&window.EditTitle, &window.EditAlias, &window.EditInteger}) {
+        edit->Text = std::string();
+    }
+    LoadTopicProperties(main);
+    // The emptied fields count as changed.
+    editor.ActiveDirty = false;
+    editor.TopicPropDirty = false;
+}
+
+void LeaveRemovedTopic(MainForm& main) {
+    const ListRow* next = main.topics.ListTopics.SelectedItem();
+    if (next == nullptr) return CloseTopic(main);
+    main.editor.new_main_path = next->SubItems(topic_cell::kFullPath);
+    LoadFile(main);
+}
+
+void DeleteTopicFile(MainForm& main, const std::string& path) {
+    if (main.files.DeleteFile(path)) return;
+    throw RuntimeError(main.files.FileExists(path) ? run_time_error::kPermissionDenied
+                                                   : run_time_error::kFileNotFound);
+}
+
+}  // namespace
+
+OpenRowKeeper::OpenRowKeeper(TopicTables& topics) : topics_(topics), open_(nullptr) {
+    const int index = topics.current_topic_index;
+    if (index >= 1 && index <= topics.ListTopics.Count()) open_ = &topics.ListTopics.At(index);
+}
+
+OpenRowKeeper::~OpenRowKeeper() {
+    topics_.current_topic_index = open_ == nullptr ? 0 : topics_.ListTopics.PositionOf(*open_);
+}
+
+void OpenRowKeeper::Forget(const ListRow& row) {
+    if (open_ == &row) open_ = nullptr;
+}
+
+ListRow& AddTopic(MainForm& main, std::string_view title, std::string_view path,
+                  std::string_view keywords, std::string_view alias, std::string_view integer) {
+    const OpenRowKeeper keeper(main.topics);
+    ListRow& row = main.topics.ListTopics.Add(std::string(title));
+    row.SetSubItem(topic_cell::kFullPath, std::string(path));
+    row.SetSubItem(topic_cell::kKeywords, std::string(keywords));
+    row.SetSubItem(topic_cell::kMapId, std::string(alias));
+    row.SetSubItem(topic_cell::kInteger, std::string(integer));
+    row.SetSubItem(topic_cell::kLocation, LocationOf(path, main.project.proj_path));
+    if (!keywords.empty()) AddToIndex(main, title, path, keywords);
+    if (main.window.TabStrip1.SelectedIndex() == left_tab::kContents) {
+        AddTopicNode(main.contents, title, path, alias);
+    }
+    return row;
+}
+
+void RemoveTopic(MainForm& main, bool delete_file) {
+    const ListRow* row = main.topics.ListTopics.SelectedItem();
+    if (row == nullptr) return;
+    const Trap trap(main.log, "MainForm RemoveTopic: ");
+    const std::string path = row->SubItems(topic_cell::kFullPath);
+    const std::string keywords = row->SubItems(topic_cell::kKeywords);
+    trap([&] { DeleteKeywords(main, keywords, path); });
+    trap([&] { RemoveNodes(main.contents, path); });
+    RemoveRow(main.topics, *row);
+    const bool was_open = EqualsIgnoringCase(path, TopicPath(main.editor.main_path));
+    if (was_open) trap([&] { LeaveRemovedTopic(main); });
+    main.project.project_dirty = true;
+    if (!delete_file) return;
+    trap([&] { DeleteTopicFile(main, path); });
+    const std::string copy = WorkingCopyOf(path);
+    if (main.files.FileExists(copy)) trap([&] { DeleteTopicFile(main, copy); });
+}
+
+}  // namespace quorrel

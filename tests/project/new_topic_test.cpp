@@ -1,0 +1,236 @@
+#include "project/new_topic.hpp"
+
+#include "app/commands.hpp"
+#include "contents/node_data.hpp"
+#include "contents/open_contents_item.hpp"
+#include "project/form_new_folder.hpp"
+#include "project/side_files.hpp"
+#include "support/topic_fixture.hpp"
+
+namespace quorrel::test {
+namespace {
+
+using NewTopic = TopicFixture;
+
+TEST_F(NewTopic, ComesFromATemplateIntoTableIndexContentsAndFolder) {
+    OpenDemo();
+    SelectAndOpen("first.htm");
+    InNewTopic([&](FormNewTopic& form) {
+        EXPECT_EQ(form.FileTemplate.List(), (std::vector<std::string>{"Fancy.HTM", "Plain.htm"}));
+        EXPECT_FALSE(form.OkCmd.Enabled());
+        EXPECT_EQ(form.ComboPrefix.Text(), "IDH_");
+        EXPECT_EQ(form.EditInteger.Text(), "1000");
+        form.EditTitle.Text = std::string("Über uns!");
+        EXPECT_EQ(form.EditFile.Text(), "_ber_uns_.htm");
+        form.SetFolder(Demo("html\\"));
+        EXPECT_EQ(form.EditFile.Text(), "\\HTML\\_ber_uns_.htm") << "the folder in capitals";
+        EXPECT_EQ(form.EditAlias.Text(), "_ber_uns_");
+        EXPECT_EQ(form.EditKeyword.Text(), "Über uns!");
+        form.Command1_Click();
+        EXPECT_FALSE(form.Command1.Enabled());
+        form.EditSubKey.Text = std::string("loaf");
+        screen.ExpectMessage("You must enter a main keyword");
+        form.Command1_Click();
+        form.EditKeyword.Text = std::string(" Bread ");
+        form.Command1_Click();
+        form.FileTemplate.ListIndex = 1;
+        form.OkCmd_Click();
+        EXPECT_TRUE(form.closed);
+    });
+    FileNew_Click(main);
+
+    EXPECT_EQ(folder.Read("demo/html/_ber_uns_.htm"),
+              "<title>\xDC"
+              "ber uns!</title>\n<body>\xDC"
+              "ber uns!.");
+    EXPECT_EQ(folder.Read("demo/html/master.js"), "the master.js");
+    EXPECT_EQ(folder.Read("demo/html/htmlhelp.css"), "the htmlhelp.css");
+    const ListRow& row = Topic("html\\_ber_uns_.htm");
+    EXPECT_EQ(row.Text(), "Über uns!");
+    EXPECT_EQ(row.SubItems(topic_cell::kFullPath), Demo("HTML\\_ber_uns_.htm"));
+    EXPECT_EQ(row.SubItems(topic_cell::kLocation), "\\HTML\\_ber_uns_.htm");
+    EXPECT_EQ(row.SubItems(topic_cell::kMapId), "IDH__ber_uns_");
+    EXPECT_EQ(row.SubItems(topic_cell::kInteger), "1000");
+    EXPECT_EQ(row.SubItems(topic_cell::kKeywords), "Bread    :loaf;Über uns!;");
+    const ListView& index = main.keywords.ListKeywords;
+    ASSERT_EQ(index.Count(), 3) << "with the head of the sub-key";
+    EXPECT_EQ(index.At(2).SubItems(1), "Über uns!>" + Demo("HTML\\_ber_uns_.htm") + ";:");
+    EXPECT_EQ(Outline(), "Über uns!3 ");
+    EXPECT_EQ(Tree().SelectedItem()->Tag,
+              PackNodeData(Demo("HTML\\_ber_uns_.htm"), "IDH__ber_uns_", ""));
+    EXPECT_TRUE(main.contents.toc_dirty);
+    EXPECT_TRUE(main.project.project_dirty);
+    EXPECT_EQ(main.editor.main_path, Demo("HTML\\_ber_uns_.htm"));
+    EXPECT_EQ(main.topics.current_topic_index, Topics().PositionOf(row));
+    EXPECT_EQ(GetProj(main, "Settings", "last_path", ""), Demo("html"));
+    EXPECT_EQ(GetProj(main, "Settings", "prefix list", ""), "IDH_,");
+
+    folder.Write("demo/html/master.js", "mine");
+    folder.Write("inst/Topic Templates/htmlhelp/master.js", "newer");
+    InNewTopic([&](FormNewTopic& form) {
+        EXPECT_EQ(form.Dir1.Path(), Demo("html"));
+        EXPECT_EQ(form.ComboPrefix.List(), std::vector<std::string>{"IDH_"});
+        EXPECT_EQ(form.EditInteger.Text(), "1001");
+        form.EditTitle.Text = std::string("Größe");
+        form.OkCmd_Click();
+    });
+    FileNew_Click(main);
+    EXPECT_EQ(folder.Read("demo/html/Gr__e.htm"),
+              "<meta charset=utf-8><title>Größe</title><body>Fancy");
+    EXPECT_EQ(folder.Read("demo/html/master.js"), "mine");
+}
+
+TEST_F(NewTopic, IsRefusedWhereItCannotBe) {
+    OpenDemo();
+    Topic("first.htm").SetSubItem(topic_cell::kMapId, "Taken");
+    InNewTopic([&](FormNewTopic& form) {
+        form.EditTitle.Text = std::string("A title");
+        form.EditFile.Text = std::string();
+        screen.ExpectMessage("You must specify a name for your topic file.");
+        form.OkCmd_Click();
+
+        form.EditFile.Text = std::string("first");
+        screen.ExpectMessage(
+            "A topic with this file name already exists in the project. Please choose another "
+            "file name");
+        form.OkCmd_Click();
+        EXPECT_EQ(form.EditFile.Text(), "first.htm");
+
+        form.SetFolder(folder.Windows("inst"));
+        screen.ExpectMessage(
+            "HTML Topic files must be created in a directory within the project hierarchy.");
+        form.OkCmd_Click();
+        EXPECT_EQ(form.Dir1.Path(), main.project.proj_path);
+
+        form.EditFile.Text = std::string("taken.htm");
+        form.EditAlias.Text = std::string("tAKEN");
+        screen.ExpectMessage(
+            "A topic with this MapID already exists in the project. Please choose another MapID");
+        form.OkCmd_Click();
+        EXPECT_FALSE(folder.Exists("demo/taken.htm"));
+
+        folder.Write("demo/file", "");
+        form.EditAlias.Text = std::string("other");
+        form.EditFile.Text = std::string("file\\a.htm");
+        screen.ExpectMessage("The file " + folder.Native("demo/file/a.htm") +
+                             " could not be written.\r\n\r\nFormNewTopic OkCmd_Click: 58 File "
+                             "already exists");
+        form.OkCmd_Click();
+        EXPECT_FALSE(form.closed);
+        form.CancelCmd_Click();
+    });
+    FileNew_Click(main);
+    EXPECT_EQ(Topics().Count(), 2);
+    EXPECT_EQ(main.project.next_integer, 1000) << "taken by the dialog that was cancelled";
+}
+
+TEST_F(NewTopic, ATemplateKeepsTheMarkAndIsEditedAtOnce) {
+    OpenDemo();
+    SelectAndOpen("first.htm");
+    InNewTopic([&](FormNewTopic& form) {
+        EXPECT_EQ(form.Caption, "Create New Topic Template");
+        EXPECT_EQ(form.Height, 4600);
+        EXPECT_FALSE(form.Dir1.Enabled());
+        EXPECT_FALSE(form.EditAlias.Visible());
+        EXPECT_TRUE(form.LabelTemplateTip2.Visible());
+        EXPECT_EQ(form.EditFile.Text(), "NewTemplate.htm");
+        form.FileTemplate.ListIndex = 1;
+        form.EditFile.Text = std::string("Mine");
+        form.OkCmd_Click();
+    });
+    newtemplate_Click(main);
+    EXPECT_EQ(folder.Read("inst/Topic Templates/htmlhelp/Mine.htm"),
+              "<title>[TITLE]</title>\n<body>[TITLE].");
+    EXPECT_EQ(main.editor.new_topic_template, "True");
+    EXPECT_EQ(main.editor.main_path, main.settings.Template_Dir + "\\Mine.htm");
+    EXPECT_EQ(Topics().Count(), 2);
+
+    // Another topic saves the template first.
+    surface.SetDocumentHTML("<title>[TITLE]</title><body>edited");
+    InNewTopic([&](FormNewTopic& form) {
+        EXPECT_EQ(form.FileTemplate.List()[1], "Mine.htm");
+        form.CancelCmd_Click();
+    });
+    FileNew_Click(main);
+    EXPECT_EQ(folder.Read("inst/Topic Templates/htmlhelp/Mine.htm"),
+              "<title>[TITLE]</title><body>edited");
+    EXPECT_EQ(main.editor.new_topic_template, "False");
+}
+
+TEST_F(NewTopic, TakesItsPlaceInTheContents) {
+    OpenDemo();
+    const auto add = [&](const char* command, const char* title) {
+        InNewTopic([title](FormNewTopic& form) {
+            form.EditTitle.Text = std::string(title);
+            form.OkCmd_Click();
+        });
+        EXPECT_TRUE(RunCommand(main, command));
+    };
+    add("popnewtopic", "A");
+    add("popnewtopic", "D");
+    Tree().Select(&Tree().At(1));
+    add("popnewbooktopic", "B");
+    EXPECT_EQ(Outline(), "A3 B1(New Topic4 ) D3 ");
+    EXPECT_FALSE(main.contents.create_book_with_topic);
+    add("popnewtopic", "X");
+    add("popnewbooktopic", "Y");
+    Tree().Select(Tree().Roots()[1]);
+    add("popnewtopic", "Z");
+    EXPECT_EQ(Outline(), "A3 B1(New Topic4 X3 Z3 Y1(New Topic4 ) ) D3 ")
+        << "a topic in a book goes behind the last one without children";
+    Tree().Select(nullptr);
+    main.window.TabStrip1.SelectedIndex = left_tab::kTopics;
+    main.contents.toc_dirty = false;
+    add("poplstnewtopic", "W");
+    EXPECT_EQ(Tree().Count(), 8) << "the contents are not in view";
+    EXPECT_FALSE(main.contents.toc_dirty);
+}
+
+TEST_F(NewTopic, IsOfferedForAnEmptyContentsItem) {
+    OpenDemo();
+    TreeNode& book = Tree().Add(nullptr, NodeRelation::kChild, "Book", 1, 1);
+    Tree().Add(&book, NodeRelation::kChild, "To come", 3, 3);
+    Tree().Select(&book);
+    OpenTOCItem(main);
+    Tree().Select(book.Child());
+    InNewTopic([](FormNewTopic& form) {
+        EXPECT_EQ(form.EditTitle.Text(), "To come");
+        EXPECT_EQ(form.EditFile.Text(), "To_come.htm");
+        form.CancelCmd_Click();
+    });
+    OpenTOCItem(main);
+}
+
+TEST_F(NewTopic, AJavaHelpTopicHasNoNumberAndGoesToItsFolder) {
+    folder.Write("java/guide.hs", "<helpset><title>G</title></helpset>");
+    folder.Write("java/guide.prj", "[Settings]\r\nhtml=HTML\r\n");
+    Open("java/guide.hs", "");
+    InNewTopic([&](FormNewTopic& form) {
+        EXPECT_EQ(form.ComboPrefix.Text(), "");
+        EXPECT_EQ(form.LabelAlias.Caption(), "MapID");
+        EXPECT_FALSE(form.EditInteger.Visible());
+        screen.ExpectForm("FormNewFolder", [&](Form& dialog) {
+            auto& new_folder = static_cast<FormNewFolder&>(dialog);
+            new_folder.Text1.Text = std::string("..");
+            new_folder.OKButton_Click();
+            EXPECT_EQ(form.Dir1.Path(), folder.Windows("java")) << "steps up are taken at once";
+            new_folder.Text1.Text = std::string("HTML/Inner");
+            new_folder.OKButton_Click();
+        });
+        form.Command2_Click();
+        form.EditTitle.Text = std::string("Topic");
+        form.ComboPrefix.Text = std::string(" p_");
+        form.FileTemplate.ListIndex = -1;
+        form.OkCmd_Click();
+    });
+    FileNew_Click(main);
+    EXPECT_EQ(folder.Read("java/HTML/Inner/Topic.htm"),
+              "<HTML><TITLE>Topic</TITLE><BODY>Topic<P></BODY></HTML>");
+    EXPECT_TRUE(folder.Exists("java/javahelp.css"));
+    EXPECT_EQ(Topics().At(1).SubItems(topic_cell::kMapId), "p_Topic");
+    EXPECT_EQ(Topics().At(1).SubItems(topic_cell::kInteger), "");
+    EXPECT_EQ(main.project.last_new_prefix, " p_");
+}
+
+}  // namespace
+}  // namespace quorrel::test
