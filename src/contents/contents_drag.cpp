@@ -151,7 +151,8 @@ int Tree1_OLECompleteDrag(MainForm& main) {
     contents.drag_node = nullptr;
     contents.drag_list_item = nullptr;
     contents.drag_source = drag_kind::kNone;
-    if (effect != drop_effect::kMove || origin == nullptr) return effect;
+    const bool has_moved = effect == drop_effect::kMove && contents.dropped_node != nullptr;
+    if (!has_moved || origin == nullptr) return effect;
     // The author goes on with the node at its new place.
     tree.Select(contents.dropped_node);
     tree.Remove(*origin);

@@ -5,6 +5,8 @@
 #include <QMenu>
 #include <QMimeData>
 
+#include <algorithm>
+
 #include "app/main_form.hpp"
 #include "contents/index_targets.hpp"
 #include "contents/topic_keywords.hpp"
@@ -42,8 +44,14 @@ void IndexPane::keyReleaseEvent(QKeyEvent* event) {
     ReportList::keyReleaseEvent(event);
     if (event->key() != Qt::Key_Delete || event->isAutoRepeat() || !delete_pressed_) return;
     delete_pressed_ = false;
+    ListView& table = main_.keywords.ListKeywords;
+    const ListRow* row = table.SelectedItem();
+    const int place = row == nullptr ? 0 : table.PositionOf(*row);
     constexpr int kDeleteCode = 46;
     ListKeywords_KeyUp(main_, kDeleteCode);
+    // The next one takes its place, for the keys to go on from there.
+    const bool is_gone = place > 0 && table.SelectedItem() == nullptr;
+    if (is_gone && table.Count() > 0) table.Select(&table.At(std::min(place, table.Count())));
 }
 
 void IndexPane::startDrag(Qt::DropActions) {

@@ -128,11 +128,12 @@ void TopicPropertiesPage::FollowNotes() {
 }
 
 QWidget* TopicPropertiesPage::MakeKeywordGroup() {
+    // The Tab key goes through the widgets in the order in which they are made.
     auto* group = new QGroupBox("Keywords");
-    auto* keys = new KeysList(main_);
-    keys->setToolTip("Keywords of the index can be dragged here.");
     auto* all = new QVBoxLayout(group);
     all->addLayout(MakeKeyFields());
+    auto* keys = new KeysList(main_);
+    keys->setToolTip("Keywords of the index can be dragged here.");
     auto* row = new QHBoxLayout;
     auto* list = new QVBoxLayout;
     list->addWidget(MakeLabel("Ke&ywords of this topic:", keys));
@@ -165,13 +166,6 @@ QLayout* TopicPropertiesPage::MakeKeyFields() {
 
 QLayout* TopicPropertiesPage::MakeKeyButtons() {
     WindowControls& window = main_.window;
-    QPushButton* from_index =
-        MakeActionButton("CommandAddFromIndex", "Add from Inde&x", window.CommandAddFromIndex,
-                         main_, CommandAddFromIndex_Click);
-    from_index->setToolTip("Adds the keyword that is selected on the Index tab.");
-    QPushButton* see_also = MakeActionButton("CommandSeeAlso", "&See Also...",
-                                             window.CommandSeeAlso, main_, CommandSeeAlso_Click);
-    see_also->setToolTip("Adds a keyword that leads to another keyword.");
     auto* column = new QVBoxLayout;
     // As far down as the list, which has its label above it.
     column->addSpacing(fontMetrics().height());
@@ -179,7 +173,14 @@ QLayout* TopicPropertiesPage::MakeKeyButtons() {
         MakeActionButton("CommandEdit", "&Edit", window.CommandEdit, main_, CommandEdit_Click));
     column->addWidget(MakeActionButton("CommandDelete", "De&lete", window.CommandDelete, main_,
                                        CommandDelete_Click));
+    QPushButton* from_index =
+        MakeActionButton("CommandAddFromIndex", "Add from Inde&x", window.CommandAddFromIndex,
+                         main_, CommandAddFromIndex_Click);
+    from_index->setToolTip("Adds the keyword that is selected on the Index tab.");
     column->addWidget(from_index);
+    QPushButton* see_also = MakeActionButton("CommandSeeAlso", "&See Also...",
+                                             window.CommandSeeAlso, main_, CommandSeeAlso_Click);
+    see_also->setToolTip("Adds a keyword that leads to another keyword.");
     column->addWidget(see_also);
     column->addStretch();
     return column;

@@ -59,6 +59,7 @@ void TreeViewModel::BeginStep(const TreeChange& change) {
         default: {
             const QModelIndex to = IndexOf(change.new_parent);
             in_step_ = beginMoveRows(parent, change.row, last, to, rowCount(to));
+            if (!in_step_) Drop();
         }
     }
 }

@@ -1,4 +1,5 @@
 // The page of a topic's properties, and the index beside it.
+#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
@@ -54,6 +55,16 @@ TEST_F(PropertiesPage, TitleAndKeywordsReachTheProject) {
     Type("animal", "striped");
     Type("zoo");
     EXPECT_EQ(Keys(), (QStringList{"animal:striped", "zoo"}));
+    QStringList way;
+    for (QWidget* at = title; way.size() < 12; at = QApplication::focusWidget()) {
+        way << at->objectName();
+        at->setFocus();
+        QTest::keyClick(at, Qt::Key_Tab);
+    }
+    EXPECT_EQ(way.join(' '),
+              "EditTitle EditAlias EditInteger ComboStatus TextNotes EditKeyword EditSubKey "
+              "ListKeys CommandEdit CommandDelete CommandSeeAlso EditTitle")
+        << "the Tab key";
     EXPECT_TRUE(Find<QLineEdit>("EditKeyword")->text().isEmpty());
     auto* keys = Find<QListWidget>("ListKeys");
     QTest::keyClick(keys, Qt::Key_Return);
@@ -110,6 +121,7 @@ TEST_F(PropertiesPage, TheDeleteKeyAsksInTheIndex) {
     });
     QTest::keyClick(index, Qt::Key_Delete);
     EXPECT_TRUE(QTest::qWaitFor([&] { return Column(index) == QStringList{"one", "other"}; }));
+    EXPECT_EQ(index->currentIndex().data(), "one");
 }
 
 TEST_F(PropertiesPage, AReferenceIsMadeBesideTheIndex) {

@@ -80,10 +80,10 @@ TEST_F(Window, ThePanesFollowTheSplitTheWindowAndTheTab) {
 TEST_F(Window, EachTabShowsItsPanes) {
     StartAndOpen();
     const QStringList expected[] = {{"Tree1", "DHTMLEdit1"},
-                                    {"Tree1"},
+                                    {"Tree1", "PictureProperties"},
                                     {"Tree1", "Source1"},
                                     {"Tree1", "WebBrowser1"},
-                                    {"Tree1", "ListTopics"},
+                                    {"Tree1", "ListTopics", "PictureTOCEdit"},
                                     {"ListTopics", "WebBrowser1"},
                                     {"ListTopics", "TreeDoc", "PictureDocEdit"}};
     for (int tab = right_tab::kNormal; tab <= right_tab::kDocumentWizard; ++tab) {
