@@ -47,6 +47,8 @@ int RunCli(int argc, const char* const* argv, std::istream& in, std::ostream& ou
     CLI::App app("Quorrel without a window, for scripts and build servers.", "quorrel-cli");
     app.set_version_flag("--version", "quorrel-cli " QUORREL_VERSION);
     app.require_subcommand(1);
+    // A path may begin with "/" on every system.
+    app.allow_windows_style_options(false);
 
     ProjectCall call;
     app.add_option("--edition", call.edition, "The edition to run: html or javahelp")

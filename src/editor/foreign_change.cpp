@@ -32,7 +32,7 @@ Overwrite MayOverwrite(MainForm& main, const std::string& topic,
         name +
             " has been changed by another program since it was opened.\r\n\r\nDo you want to "
             "replace it with your version? If not, your version stays beside it as " +
-            std::string(AfterLast(name, '/')) + std::string(kWorkingCopy) + ".",
+            std::string(AfterLast(topic, '\\')) + std::string(kWorkingCopy) + ".",
         main.settings.APP_NAME, MessageButtons::kYesNo, MessageIcon::kExclamation,
         MessageAnswer::kNo};
     const bool yes = main.screen.ShowMessage(question) == MessageAnswer::kYes;

@@ -1,7 +1,5 @@
 #include "platform/code_page.hpp"
 
-#include <iconv.h>
-
 #include <array>
 #include <charconv>
 #include <cstdlib>
@@ -11,93 +9,35 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/system_code_page.hpp"
 #include "platform/text.hpp"
 #include "platform/unicode.hpp"
 
 namespace quorrel {
 namespace {
 
-/// One direction of the system's converter, a few bytes at a time.
-class Converter {
-  public:
-    Converter(const char* to, const std::string& from) : handle_(iconv_open(to, from.c_str())) {}
-    Converter(const std::string& to, const char* from) : handle_(iconv_open(to.c_str(), from)) {}
-    Converter(const Converter&) = delete;
-    Converter& operator=(const Converter&) = delete;
-    ~Converter() {
-        if (Valid()) iconv_close(handle_);
-    }
-    [[nodiscard]] bool Valid() const {
-        return handle_ != reinterpret_cast<iconv_t>(-1);  // NOLINT: the library's own mark
-    }
-
-    /// The whole of `bytes` converted, or an empty string.
-    [[nodiscard]] std::string Convert(std::string_view bytes) const {
-        if (!Valid()) return {};
-        iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-        std::array<char, 16> out{};
-        std::string in(bytes);
-        char* source = in.data();
-        std::size_t left = in.size();
-        char* target = out.data();
-        std::size_t room = out.size();
-        if (iconv(handle_, &source, &left, &target, &room) != 0 || left != 0) return {};
-        // Some pages hold a letter back, for an accent that could follow.
-        if (iconv(handle_, nullptr, nullptr, &target, &room) != 0) return {};
-        return {out.data(), out.size() - room};
-    }
-
-  private:
-    iconv_t handle_;
-};
-
-char32_t SingleCodePoint(const std::string& utf32) {
-    if (utf32.size() != 4) return 0;
-    char32_t c = 0;
-    for (int i = 3; i >= 0; --i)
-        c = c << 8 | static_cast<unsigned char>(utf32[static_cast<std::size_t>(i)]);
-    return c;
-}
-
 bool IsDoubleByte(int number) {
     return number == 932 || number == 936 || number == 949 || number == 950 || number == 51932;
-}
-
-std::string ConverterName(int number) {
-    switch (number) {
-        case 20866:
-            return "KOI8-R";
-        case 21866:
-            return "KOI8-U";
-        case 51932:
-            return "EUC-JP";
-        default:
-            break;
-    }
-    if (number > 28590 && number < 28606) return "ISO-8859-" + std::to_string(number - 28590);
-    return "CP" + std::to_string(number);
 }
 
 class TableCodePage : public CodePage {
   public:
     explicit TableCodePage(int number) {
-        const std::string name = ConverterName(number);
-        const Converter to_unicode("UTF-32LE", name);
-        const Converter from_unicode(name, "UTF-32LE");
+        const SystemConverter converter(number);
         for (unsigned byte = 0x80; byte <= 0xFF; ++byte) {
             const std::string text(1, static_cast<char>(byte));
-            char32_t c = SingleCodePoint(to_unicode.Convert(text));
-            // As the system does it: a byte that a single-byte page leaves open between 0x80
-            // and 0x9F is the control character of that number.
-            if (c == 0 && byte < 0xA0 && to_unicode.Valid() && !IsDoubleByte(number)) c = byte;
-            Set(text, c, from_unicode);
+            char32_t c = converter.Decode(text);
+            // As Windows does it: a byte that a single-byte page leaves open between 0x80 and
+            // 0x9F is the control character of that number.
+            if (c == 0 && byte < 0xA0 && converter.Valid() && !IsDoubleByte(number)) c = byte;
+            Set(text, c, converter);
         }
         if (!IsDoubleByte(number)) return;
         for (unsigned lead = 0x81; lead <= 0xFE; ++lead) {
             if (single_[lead] != 0) continue;
             for (unsigned trail = 0x40; trail <= 0xFE; ++trail) {
                 const std::string text{static_cast<char>(lead), static_cast<char>(trail)};
-                Set(text, SingleCodePoint(to_unicode.Convert(text)), from_unicode);
+                Set(text, converter.Decode(text), converter);
             }
         }
     }
@@ -129,7 +69,7 @@ class TableCodePage : public CodePage {
     }
 
   private:
-    void Set(const std::string& bytes, char32_t c, const Converter& from_unicode) {
+    void Set(const std::string& bytes, char32_t c, const SystemConverter& converter) {
         if (c == 0) return;
         const auto lead = static_cast<unsigned char>(bytes[0]);
         if (bytes.size() == 1) {
@@ -141,9 +81,7 @@ class TableCodePage : public CodePage {
         const auto [place, is_new] = bytes_.try_emplace(c, bytes);
         if (is_new) return;
         // Some characters stand twice in the East Asian pages; the converter knows the usual one.
-        std::string utf32;
-        for (int shift = 0; shift < 32; shift += 8) utf32 += static_cast<char>(c >> shift & 0xFF);
-        if (from_unicode.Convert(utf32) == bytes) place->second = bytes;
+        if (converter.Encode(c) == bytes) place->second = bytes;
     }
 
     [[nodiscard]] char32_t Pair(std::string_view bytes, std::size_t i) const {
@@ -282,6 +220,7 @@ MachineCodePage CodePageOfMachine() {
         const std::int64_t number = LeadingNumber(chosen);
         if (number > 0 && number <= 0xFFFF) return {static_cast<int>(number), true};
     }
+    if (const int number = SystemCodePage(); number != 0) return {number, true};
     for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
         const char* value = std::getenv(name);
         if (value != nullptr && *value != '\0') return {CodePageOfLocale(value), false};

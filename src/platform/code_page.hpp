@@ -37,9 +37,9 @@ class CodePage {
 /// the text does not begin with a number.
 [[nodiscard]] int CodePageOfLanguageOption(std::string_view option);
 
-/// The ANSI code page of this machine: QUORREL_ANSI_CODEPAGE, else that of the language of the
-/// locale, else 1252. `chosen` tells whether the variable decided, which a project cannot
-/// overrule.
+/// The ANSI code page of this machine: QUORREL_ANSI_CODEPAGE, else the system's own if it has one,
+/// else that of the language of the locale, else 1252. `chosen` tells that one of the first two
+/// decided, which a project cannot overrule.
 struct MachineCodePage {
     int number = kWesternCodePage;
     bool chosen = false;

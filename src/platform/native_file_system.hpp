@@ -1,5 +1,5 @@
-// Files of a system with "/" paths: its root is the drive "Z:", and names are looked up without
-// regard to case.
+// The files of this system. On Windows the paths are its own. On a system with "/" paths its root
+// is the drive "Z:", and names are looked up without regard to case.
 #pragma once
 
 #include <string>
@@ -11,6 +11,10 @@
 #include "platform/unicode.hpp"
 
 namespace quorrel {
+
+/// A NUL would end the name for the system, and another file would be meant. The limit of length
+/// is that of Windows.
+[[nodiscard]] bool IsNoPath(std::string_view path);
 
 class NativeFileSystem : public FileSystem {
   public:
@@ -35,14 +39,18 @@ class NativeFileSystem : public FileSystem {
     /// False makes FlushFile do nothing.
     bool flush_to_disk = true;
 
-    /// The native path, in bytes, with the on-disk spelling of each part that exists. A part that
-    /// does not exist stays as given. Raises 53 for what cannot be a path.
+    /// The full native path. Where names have a case it is in bytes, with the on-disk spelling of
+    /// each part that exists. A part that does not exist stays as given. Raises 53 for what cannot
+    /// be a path.
     [[nodiscard]] std::string Resolve(std::string_view path);
 
   private:
+    /// The names of the files or of the folders, in any order.
     [[nodiscard]] std::vector<std::string> NamesIn(std::string_view folder, bool of_folders);
 
     using Names = std::unordered_map<std::string, std::string, IgnoringCaseHash, IgnoringCaseEqual>;
+
+    // Beyond Windows, where the system does not find names in any case by itself.
 
     /// The names of one folder as they were at `changed`, the folder's time stamp.
     struct Listing {

@@ -1,9 +1,7 @@
-// Starts programs on a system with "/" paths.
+// Starts programs of this system.
 #pragma once
 
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/native_file_system.hpp"
 #include "platform/surfaces.hpp"
@@ -17,18 +15,14 @@ class NativeShell : public Shell {
     explicit NativeShell(NativeFileSystem& files) : files_(files) {}
 
     /// The program is the first word in double quotes, else the longest beginning of the line, up
-    /// to a blank, that is a file, else the first word, looked up in PATH. Arguments are separated
-    /// by blanks outside of double quotes; those of the form "Z:\..." are handed over as native
-    /// paths. "start" opens a document or an address with the desktop's own program. The style has
-    /// no meaning here: a window manager does not take it from a starter.
+    /// to a blank, that is a file, else the first word, looked up in PATH. "start" opens a document
+    /// or an address with the desktop's own program. On a system with "/" paths arguments are
+    /// separated by blanks outside of double quotes, those of the form "Z:\..." are handed over as
+    /// native paths, and the style has no meaning: a window manager does not take it from a
+    /// starter.
     void Start(std::string_view command_line, WindowStyle style) override;
 
   private:
-    /// Takes the program off the front of `line` and gives its native path.
-    std::string TakeProgram(std::string_view& line);
-    std::string ProgramFile(std::string_view name);
-    std::vector<std::string> Arguments(std::string_view line);
-
     NativeFileSystem& files_;
 };
 

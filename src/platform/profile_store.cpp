@@ -1,7 +1,5 @@
 #include "platform/profile_store.hpp"
 
-#include <cstdlib>
-
 #include "platform/profile_file.hpp"
 #include "platform/text.hpp"
 
@@ -53,13 +51,6 @@ bool ProfileStore::Set(std::string_view file, std::string_view section, std::str
     } catch (const RuntimeError&) {
         return false;
     }
-}
-
-std::string NativeSettingsFolder() {
-    const char* config = std::getenv("XDG_CONFIG_HOME");
-    if (config != nullptr && *config == '/') return std::string(config) + "/quorrel";
-    const char* home = std::getenv("HOME");
-    return std::string(home == nullptr ? "" : home) + "/.config/quorrel";
 }
 
 }  // namespace quorrel

@@ -37,8 +37,9 @@ class ProfileStore {
     std::string settings_folder_;
 };
 
-/// The folder that stands for the system's folder of settings: `$XDG_CONFIG_HOME/quorrel`, by
-/// default `~/.config/quorrel`, as a native path.
+/// The system's folder of settings, as a native path: `$XDG_CONFIG_HOME/quorrel`, by default
+/// `~/.config/quorrel`; on Windows the Windows folder, as for every file that the profile calls
+/// take without a folder, unless that variable is set.
 [[nodiscard]] std::string NativeSettingsFolder();
 
 }  // namespace quorrel

@@ -1,10 +1,8 @@
 #include "platform/unicode.hpp"
 
 #include <algorithm>
-#include <clocale>
 #include <cstdint>
 #include <cstring>
-#include <cwctype>
 
 #include "platform/text.hpp"
 
@@ -96,15 +94,6 @@ char32_t NextCodePoint(std::string_view text, std::size_t& offset) {
     }
     offset += length == 0 ? 1 : length;
     return c;
-}
-
-char32_t UpperCodePoint(char32_t c) {
-    if (c < 0x80)
-        return static_cast<char32_t>(static_cast<unsigned char>(UpperAscii(static_cast<char>(c))));
-    // The locale is built into the C library; without it only ASCII would fold.
-    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    if (unicode == nullptr) return c;
-    return static_cast<char32_t>(towupper_l(static_cast<wint_t>(c), unicode));
 }
 
 std::string UpperUnicode(std::string_view text) {

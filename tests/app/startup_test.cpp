@@ -114,7 +114,8 @@ TEST_F(Startup, TheRecentMenuShowsFiveAndShortensLongPaths) {
     WriteRecent("Recent Projects", entries);
     LoadSettings(main, "");
     EXPECT_EQ(main.recent.num_recent, 25);
-    EXPECT_EQ(main.window.recent[4].Caption(), "&4  .../and_project4.hhp");
+    EXPECT_EQ(main.window.recent[4].Caption(),
+              "&4  " + main.files.NativePath("...\\and_project4.hhp"));
     EXPECT_TRUE(main.window.recent[4].Visible());
     WriteRecent("Recent Projects", {entries[0]});
     LoadSettings(main, "");

@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "cli/cli.hpp"
+#include "support/environment.hpp"
 #include "support/scratch_folder.hpp"
 
 namespace quorrel::test {
@@ -29,7 +29,7 @@ inline Outcome RunProgram(std::vector<const char*> arguments, const std::string&
 
 class Cli : public testing::Test {
   protected:
-    Cli() { setenv("XDG_CONFIG_HOME", folder.Native("config").c_str(), 1); }
+    Cli() { SetVariable("XDG_CONFIG_HOME", folder.Native("config")); }
     ScratchFolder folder;
 };
 

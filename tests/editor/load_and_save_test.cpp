@@ -1,6 +1,5 @@
 // The road of a topic's text between its file, the surface and its working copy.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <string>
 
@@ -192,11 +191,6 @@ TEST_F(LoadAndSave, AMissingTopicIsLookedForInItsCopyAndElseEmpty) {
     files.DeleteFile(folder.Windows("p/b.htm.tmp.htm"));
     Load("b.htm");
     EXPECT_EQ(surface.DocumentHTML(), "<body>topic b");
-    // A pipe is there and cannot be read.
-    ASSERT_EQ(mkfifo(folder.Native("p/pipe.htm").c_str(), 0600), 0);
-    screen.ExpectMessage("Error occurred while loading document: Access denied.");
-    Load("pipe.htm");
-    EXPECT_EQ(surface.DocumentHTML(), "");
 }
 
 TEST_F(LoadAndSave, ATopicThatCannotBePutAwayStaysOpen) {

@@ -1,65 +1,13 @@
-#include "platform/native_file_system.hpp"
-
-#include <fcntl.h>
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <filesystem>
-#include <functional>
-#include <string>
-#include <string_view>
 
-#include "platform/failure.hpp"
-#include "support/scratch_folder.hpp"
+#include "native_files_fixture.hpp"
 
 namespace quorrel {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// The number that `work` raises, or 0.
-int NumberOf(const std::function<void()>& work) {
-    try {
-        work();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-}
-
-class NativeFiles : public testing::Test {
-  protected:
-    [[nodiscard]] std::string Path(std::string_view name) const { return folder.Windows(name); }
-
-    test::ScratchFolder folder;
-    NativeFileSystem files;
-};
-
-TEST_F(NativeFiles, RootIsTheDriveZ) {
-    const std::pair<std::string_view, std::string_view> cases[] = {{"/", "Z:\\"},
-                                                                   {"/a/b.txt", "Z:\\a\\b.txt"},
-                                                                   {"//a///b/", "Z:\\a\\b"},
-                                                                   {"/a/./b/../c", "Z:\\a\\c"},
-                                                                   {"/../..", "Z:\\"},
-                                                                   {"/a/..", "Z:\\"},
-                                                                   {"/a/../../b", "Z:\\b"},
-                                                                   {"/дом/é", "Z:\\дом\\é"},
-                                                                   {"/..a/b..", "Z:\\..a\\b.."}};
-    for (const auto& [native, windows] : cases) {
-        EXPECT_EQ(files.WindowsPath(native), windows) << native;
-    }
-    EXPECT_EQ(files.NativePath("Z:\\a\\b.txt"), "/a/b.txt");
-    EXPECT_EQ(files.NativePath("z:\\"), "/");
-    EXPECT_EQ(files.NativePath("a\\b"), "a/b");
-    EXPECT_EQ(files.WindowsPath("x/../y"), files.WindowsPath(fs::current_path().string() + "/y"));
-}
-
-TEST_F(NativeFiles, DriveIsAFolder) {
-    EXPECT_TRUE(files.FolderExists("Z:\\"));
-    EXPECT_TRUE(files.FolderExists("Z:"));
-    EXPECT_FALSE(files.FileExists("Z:\\"));
-}
+using test::NativeFiles;
+using test::NumberOf;
 
 TEST_F(NativeFiles, NamesAreFoundWhateverTheirCase) {
     folder.Write("Project/Темы/Éa.HTM", "content");
@@ -86,14 +34,6 @@ TEST_F(NativeFiles, SpellingOnDiskStays) {
     EXPECT_EQ(files.ReadFileHead(Path("sub/file.txt"), 100), "new");
 }
 
-TEST_F(NativeFiles, ExactSpellingWins) {
-    folder.Write("readme", "lower");
-    folder.Write("README", "upper");
-    EXPECT_EQ(files.ReadFile(Path("readme")), "lower");
-    EXPECT_EQ(files.ReadFile(Path("README")), "upper");
-    EXPECT_EQ(files.ReadFile(Path("ReadMe")), files.ReadFile(Path("rEADmE")));
-}
-
 TEST_F(NativeFiles, ChangesByOthersAreSeen) {
     folder.Write("keep", "");
     for (int i = 0; i < 20; ++i) {
@@ -106,18 +46,6 @@ TEST_F(NativeFiles, ChangesByOthersAreSeen) {
         ASSERT_EQ(files.ReadFile(Path("PAGE.HTM")), "y") << i;
         fs::remove(folder.Native("Page.Htm"));
     }
-}
-
-// Programs that unpack or mirror a folder set its time stamp to that of the original.
-TEST_F(NativeFiles, ChangesUnderAnOldFolderStampAreSeen) {
-    const timespec old_times[] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
-    const std::string native = folder.Native();
-    folder.Write("first", "");
-    ASSERT_EQ(utimensat(AT_FDCWD, native.c_str(), old_times, 0), 0);
-    ASSERT_TRUE(files.FileExists(Path("FIRST")));
-    folder.Write("second", "");
-    ASSERT_EQ(utimensat(AT_FDCWD, native.c_str(), old_times, 0), 0);
-    EXPECT_TRUE(files.FileExists(Path("SECOND")));
 }
 
 TEST_F(NativeFiles, FailuresHaveTheirNumbers) {
@@ -138,19 +66,6 @@ TEST_F(NativeFiles, FailuresHaveTheirNumbers) {
     EXPECT_EQ(NumberOf([&] { files.CreateFolder(Path("none/x")); }), 76);
     EXPECT_EQ(NumberOf([&] { files.CreateFolder(Path("new")); }), 0);
     EXPECT_TRUE(files.FolderExists(Path("NEW")));
-}
-
-TEST_F(NativeFiles, ReadOnlyFileIsNotWritten) {
-    if (geteuid() == 0) GTEST_SKIP() << "permissions do not bind the superuser";
-    folder.Write("file", "x");
-    ASSERT_EQ(chmod(folder.Native("file").c_str(), 0444), 0);
-    EXPECT_EQ(NumberOf([&] { files.WriteFile(Path("file"), "y"); }), 70);
-    EXPECT_EQ(folder.Read("file"), "x");
-}
-
-TEST_F(NativeFiles, FullDeviceIsError61) {
-    if (!fs::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
-    EXPECT_EQ(NumberOf([&] { files.WriteFile("Z:\\dev\\full", "x"); }), 61);
 }
 
 TEST_F(NativeFiles, PathWithNulIsNoFile) {
@@ -186,32 +101,6 @@ TEST_F(NativeFiles, MoveDoesNotReplace) {
     EXPECT_FALSE(folder.Exists("a.txt"));
 }
 
-TEST_F(NativeFiles, MoveChangesTheCaseOfAName) {
-    folder.Write("Sub/page.htm", "x");
-    EXPECT_TRUE(files.MoveFile(Path("sub/page.htm"), Path("SUB/Page.HTM")));
-    EXPECT_EQ(folder.Read("Sub/Page.HTM"), "x");
-    EXPECT_FALSE(folder.Exists("Sub/page.htm"));
-    EXPECT_TRUE(files.MoveFile(Path("Sub"), Path("SUB")));
-    EXPECT_EQ(folder.Read("SUB/Page.HTM"), "x");
-    folder.Write("two", "2");
-    folder.Write("TWO", "two");
-    EXPECT_FALSE(files.MoveFile(Path("two"), Path("TWO")));
-}
-
-// Two names of one file are a collision all the same: the target must not be lost.
-TEST_F(NativeFiles, MoveOntoALinkedFileIsRefused) {
-    folder.Write("real.txt", "x");
-    fs::create_symlink("real.txt", folder.Native("symbolic.txt"));
-    EXPECT_FALSE(files.MoveFile(Path("symbolic.txt"), Path("real.txt")));
-    EXPECT_FALSE(fs::is_symlink(folder.Native("real.txt")));
-
-    folder.Write("sub/hard.txt", "y");
-    fs::create_hard_link(folder.Native("sub/hard.txt"), folder.Native("other.txt"));
-    EXPECT_FALSE(files.MoveFile(Path("sub/hard.txt"), Path("other.txt")));
-    EXPECT_TRUE(folder.Exists("sub/hard.txt"));
-    EXPECT_FALSE(folder.Exists("sub/other.txt"));
-}
-
 TEST_F(NativeFiles, CopyReplacesOnlyWhenAllowed) {
     folder.Write("a", std::string("a\0a", 3));
     folder.Write("B", "b");
@@ -235,26 +124,12 @@ TEST_F(NativeFiles, DeleteTakesFilesOnly) {
     EXPECT_TRUE(files.FolderExists(Path("sub")));
 }
 
-TEST_F(NativeFiles, NamesThatAreNoUtf8ComeBack) {
-    folder.Write("dir\xFF/n\xC3me\xE9.htm", "x");
-    const std::string path = Path("dir\xFF/n\xC3me\xE9.htm");
-    EXPECT_EQ(files.ReadFile(path), "x");
-    EXPECT_EQ(files.ReadFile(Path("DIR\xFF/N\xC3ME\xE9.HTM")), "x");
-    EXPECT_FALSE(files.FileExists(Path("dir\xFE/n\xC3me\xE9.htm")));
-    files.WriteFile(path, "y");
-    EXPECT_EQ(folder.Read("dir\xFF/n\xC3me\xE9.htm"), "y");
-    EXPECT_TRUE(files.MoveFile(path, path + ".bak"));
-    EXPECT_EQ(folder.Read("dir\xFF/n\xC3me\xE9.htm.bak"), "y");
-}
-
 TEST_F(NativeFiles, ParentStepsAreTakenByTheText) {
     folder.Write("a/b.txt", "x");
     for (const char* way : {"missing\\..\\a\\b.txt", "a\\x\\..\\b.txt", "a\\..\\a\\B.TXT",
                             "m\\n\\..\\..\\a\\b.txt"}) {
         EXPECT_TRUE(files.FileExists(folder.Windows() + "\\" + way)) << way;
     }
-    EXPECT_FALSE(files.FileExists(folder.Windows() + "\\a..\\b.txt"));
-    EXPECT_TRUE(files.FolderExists("Z:\\..\\.."));
     EXPECT_TRUE(files.FolderExists("missing\\..\\..\\."));
 }
 

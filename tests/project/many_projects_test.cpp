@@ -318,7 +318,7 @@ template <std::size_t kCount>
 void CheckManyProjects(void (RandomProject::*write)(const test::ScratchFolder&), const char* first,
                        const char* edition, const char* again,
                        const Difference (&differences)[kCount]) {
-    constexpr unsigned kProjects = 100;
+    constexpr unsigned kProjects = 60;
     std::vector<int> concerned(kCount, 0);
     for (unsigned seed = 1; seed <= kProjects; ++seed) {
         const test::ScratchFolder folder;

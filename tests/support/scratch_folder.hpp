@@ -20,6 +20,7 @@ class ScratchFolder {
     void Write(std::string_view name, std::string_view bytes) const;
     /// The bytes of the file; a missing one fails the test and gives an empty text.
     [[nodiscard]] std::string Read(std::string_view name) const;
+    /// In this spelling.
     [[nodiscard]] bool Exists(std::string_view name) const;
 
     [[nodiscard]] std::string Native(std::string_view name = {}) const;

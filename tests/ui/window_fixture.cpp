@@ -70,11 +70,11 @@ void WindowFixture::WriteProject() {
         "[Recent HTML Projects]\r\n0=" + folder.Windows("demo & more/demo.hhp") + "|Demo\r\n");
 }
 
-void WindowFixture::Start(std::function<void(QWidget&)> work) {
+void WindowFixture::Start(std::function<void(QWidget&)> work, std::string_view command_line) {
     run = std::make_unique<Run>(files);
     dialogs.Expect("frmSplash", [](QWidget& splash) { QTest::keyClick(&splash, Qt::Key_Space); });
     dialogs.Expect("FormStartup", std::move(work));
-    Form_Load(run->main, "html");
+    Form_Load(run->main, command_line);
 }
 
 void WindowFixture::OpenFirst() {

@@ -46,7 +46,7 @@ class WindowFixture : public testing::Test {
     /// Both.
     void StartAndOpen();
     /// Starts the program, with `work` done in the start-up dialog.
-    void Start(std::function<void(QWidget&)> work);
+    void Start(std::function<void(QWidget&)> work, std::string_view command_line = "html");
 
     template <typename Widget>
     Widget* Find(const char* name) {

@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <system_error>
 #include <thread>
+#include <vector>
 
 #include "platform/failure.hpp"
 #include "platform/text.hpp"
@@ -138,33 +139,11 @@ void Reap(pid_t process) {
     }
 }
 
-}  // namespace
-
-void NativeShell::Start(std::string_view command_line, WindowStyle) {
-    std::string_view line = TrimBlanks(command_line);
-    if (Contains(line, std::string_view("\0", 1))) throw RuntimeError(kInvalidArgument);
-    std::vector<std::string> words = {TakeProgram(line)};
-    for (std::string& argument : Arguments(line)) words.push_back(std::move(argument));
-    Reap(SpawnSettings().Spawn(words));
-}
-
-std::string NativeShell::TakeProgram(std::string_view& line) {
-    if (line.starts_with('"')) return ProgramFile(TakeWord(line));
-    for (std::size_t end = line.size(); end != npos && end > 0;
-         end = line.find_last_of(kBlanks, end - 1)) {
-        const std::string_view name = line.substr(0, end);
-        const bool is_cut_at_blank = Contains(kBlanks, name.substr(end - 1));
-        if (is_cut_at_blank || !HasFolder(name) || !files_.FileExists(name)) continue;
-        line = TrimBlanks(line.substr(end));
-        return files_.Resolve(name);
-    }
-    return ProgramFile(TakeWord(line));
-}
-
-std::string NativeShell::ProgramFile(std::string_view name) {
+/// The native path of a program.
+std::string ProgramFile(NativeFileSystem& files, std::string_view name) {
     if (HasFolder(name)) {
-        if (!files_.FileExists(name)) throw RuntimeError(kFileNotFound);
-        return files_.Resolve(name);
+        if (!files.FileExists(name)) throw RuntimeError(kFileNotFound);
+        return files.Resolve(name);
     }
     std::string found = FindInPath(name);
     if (found.empty() && name == "start") found = FindInPath("xdg-open");
@@ -172,13 +151,31 @@ std::string NativeShell::ProgramFile(std::string_view name) {
     return found;
 }
 
-std::vector<std::string> NativeShell::Arguments(std::string_view line) {
-    std::vector<std::string> arguments;
+/// Takes the program off the front of `line` and gives its native path.
+std::string TakeProgram(NativeFileSystem& files, std::string_view& line) {
+    if (line.starts_with('"')) return ProgramFile(files, TakeWord(line));
+    for (std::size_t end = line.size(); end != npos && end > 0;
+         end = line.find_last_of(kBlanks, end - 1)) {
+        const std::string_view name = line.substr(0, end);
+        const bool is_cut_at_blank = Contains(kBlanks, name.substr(end - 1));
+        if (is_cut_at_blank || !HasFolder(name) || !files.FileExists(name)) continue;
+        line = TrimBlanks(line.substr(end));
+        return files.Resolve(name);
+    }
+    return ProgramFile(files, TakeWord(line));
+}
+
+}  // namespace
+
+void NativeShell::Start(std::string_view command_line, WindowStyle) {
+    std::string_view line = TrimBlanks(command_line);
+    if (Contains(line, std::string_view("\0", 1))) throw RuntimeError(kInvalidArgument);
+    std::vector<std::string> words = {TakeProgram(files_, line)};
     while (!line.empty()) {
         std::string word = TakeWord(line);
-        arguments.push_back(IsInnerPath(word) ? files_.Resolve(word) : std::move(word));
+        words.push_back(IsInnerPath(word) ? files_.Resolve(word) : std::move(word));
     }
-    return arguments;
+    Reap(SpawnSettings().Spawn(words));
 }
 
 }  // namespace quorrel

@@ -1,0 +1,15 @@
+# Builds for Windows on Debian: g++-mingw-w64-x86-64-posix, and wine64 to run what is built.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+find_program(QUORREL_WINE NAMES wine64 wine PATHS /usr/lib/wine)
+if(QUORREL_WINE)
+    # Without a locale of its own wine takes file names for ASCII.
+    set(CMAKE_CROSSCOMPILING_EMULATOR env;LC_ALL=C.UTF-8;WINEDEBUG=-all;${QUORREL_WINE})
+endif()

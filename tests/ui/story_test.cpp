@@ -1,0 +1,217 @@
+// From an empty folder to a project that is closed and opened again, by clicks and keys alone, in
+// both editions.
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTreeWidget>
+
+#include "ui/authoring_fixture.hpp"
+#include "ui/contents_pane.hpp"
+#include "ui/drag.hpp"
+
+namespace quorrel::test {
+namespace {
+
+struct Edition {
+    const char* name;
+    const char* command_line;
+    const char* family;
+    const char* project;
+};
+
+class Story : public AuthoringFixture, public testing::WithParamInterface<Edition> {
+  protected:
+    void CreateProject() {
+        Start(
+            [this](QWidget& startup) {
+                dialogs.Expect("FormCreateProject", [this](QWidget& dialog) {
+                    const std::string file = std::string("book/") + GetParam().project;
+                    Type(dialog, "EditProject", QString::fromStdString(folder.Native(file)));
+                    Type(dialog, "EditTitle", "The Loaf");
+                    QTest::keyClick(&dialog, Qt::Key_Return);
+                });
+                Click(startup, "Command1");
+            },
+            GetParam().command_line);
+        ASSERT_TRUE(TopicShows("FirstTopic"));
+    }
+
+    /// A topic below the folder, which is made if it is not there; the template by its row.
+    void AddTopic(const QString& title, const QString& below, int row) {
+        Run("FileNew", "FormNewTopic", [&](QWidget& dialog) {
+            auto* folders = dialog.findChild<QTreeWidget*>("Dir1");
+            const auto found = folders->findItems(below, Qt::MatchExactly | Qt::MatchRecursive);
+            if (found.isEmpty()) {
+                ClickItem(folders, folders->model()->index(0, 0));
+                dialogs.Expect("FormNewFolder", [&](QWidget& new_folder) {
+                    Type(new_folder, "Text1", below);
+                    QTest::keyClick(&new_folder, Qt::Key_Return);
+                });
+                Click(dialog, "Command2");
+            } else {
+                folders->setCurrentItem(found.constFirst());
+            }
+            Type(dialog, "EditTitle", title);
+            auto* templates = dialog.findChild<QAbstractItemView*>("FileTemplate");
+            ClickItem(templates, templates->model()->index(row, 0));
+            Click(dialog, "OkCmd");
+        });
+        EXPECT_TRUE(TopicShows(title));
+    }
+
+    [[nodiscard]] QModelIndex Item(const QString& caption) {
+        auto* model = Find<ContentsPane>("Tree1")->model();
+        const QModelIndexList found = model->match(model->index(0, 0), Qt::DisplayRole, caption, 1,
+                                                   Qt::MatchExactly | Qt::MatchRecursive);
+        return found.isEmpty() ? QModelIndex() : found.constFirst();
+    }
+    void DragItem(const QString& from, const QString& to, double part) {
+        auto* tree = Find<ContentsPane>("Tree1");
+        tree->expandAll();
+        QCoreApplication::processEvents();
+        const QRect row = tree->visualRect(Item(to));
+        Drag(tree, Item(from), tree->viewport(),
+             {row.center().x(), row.top() + static_cast<int>(row.height() * part)});
+        QCoreApplication::processEvents();
+    }
+    void NameItem(const QString& caption) {
+        auto* tree = Find<ContentsPane>("Tree1");
+        tree->setFocus();
+        QTest::keyClick(tree, Qt::Key_F2);
+        auto* editor = tree->viewport()->findChild<QLineEdit*>();
+        ASSERT_NE(editor, nullptr);
+        editor->setText(caption);
+        QTest::keyClick(editor, Qt::Key_Return);
+    }
+
+    void ArrangeContents() {
+        auto* tree = Find<ContentsPane>("Tree1");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return tree->model()->rowCount() == 6; }));
+        ClickItem(tree, Item("Waste"));
+        Trigger("popnewbook");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Item("New Folder").isValid(); }));
+        tree->setCurrentIndex(Item("New Folder"));
+        NameItem("Baking");
+        DragItem("Starter", "New Topic", 0.9);
+        DragItem("Feeding", "Starter", 0.9);
+        tree->setCurrentIndex(Item("New Topic"));
+        QTest::keyClick(tree, Qt::Key_Delete);
+        tree->setCurrentIndex(Item("Baking"));
+        QTest::keyClick(tree, Qt::Key_Up, Qt::AltModifier);
+    }
+
+    void AddKeyword(const QString& main_key, const QString& sub_key) {
+        QTest::keyClicks(Find<QLineEdit>("EditKeyword"), main_key);
+        QTest::keyClicks(Find<QLineEdit>("EditSubKey"), sub_key);
+        QTest::keyClick(Find<QLineEdit>("EditSubKey"), Qt::Key_Return);
+    }
+    void EditProperties() {
+        auto* tree = Find<ContentsPane>("Tree1");
+        ClickItem(tree, Item("Rolls"));
+        ASSERT_TRUE(TopicShows("Rolls"));
+        Find<QTabBar>("TabStrip2")->setCurrentIndex(right_tab::kProperties - 1);
+        AddKeyword("bread", "white");
+        AddKeyword("breakfast", "");
+        Type(run->window, "EditTitle", "White rolls");
+        Type(run->window, "EditAlias", "rolls");
+        if (IsHtmlHelp()) {
+            Type(run->window, "EditInteger", "4711");
+            AddReference();
+        }
+        Find<QTabBar>("TabStrip2")->setCurrentIndex(right_tab::kNormal - 1);
+    }
+    void AddReference() {
+        Click(run->window, "CommandSeeAlso");
+        auto* index = Find<QTreeView>("ListKeywords");
+        // The keywords of the page are stored when the topic is left or saved.
+        Trigger("FileSave");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Column(index).contains("breakfast"); }));
+        ClickItem(index,
+                  index->model()->index(static_cast<int>(Column(index).indexOf("breakfast")), 0));
+        auto* dialog = Find<QDialog>("FormSeeAlso");
+        Type(*dialog, "EditMainKey", "morning");
+        Click(*dialog, "Command1");
+        Click(*dialog, "CancelButton");
+    }
+
+    void RemoveTopic(const QString& title) {
+        Find<QTabBar>("TabStrip1")->setCurrentIndex(left_tab::kTopics - 1);
+        auto* topics = Find<QTreeView>("ListTopics");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Column(topics).contains(title); }));
+        ClickItem(topics,
+                  topics->model()->index(static_cast<int>(Column(topics).indexOf(title)), 0));
+        Trigger("poplstremove");
+        Find<QTabBar>("TabStrip1")->setCurrentIndex(left_tab::kContents - 1);
+    }
+
+    static bool IsHtmlHelp() { return std::string(GetParam().family) == "htmlhelp"; }
+
+    /// All of the project that an author sees, as text.
+    [[nodiscard]] std::string Project() {
+        std::string text = Main().project.project_title + "\n";
+        const ListView& topics = Main().topics.ListTopics;
+        for (int i = 1; i <= topics.Count(); ++i) {
+            const ListRow& row = topics.At(i);
+            text += row.Text() + "|" + row.SubItems(topic_cell::kMapId) + "|" +
+                    row.SubItems(topic_cell::kLocation) + "|" + row.SubItems(topic_cell::kInteger) +
+                    "|" + row.SubItems(topic_cell::kKeywords) + "\n";
+        }
+        for (const TreeNode* node : Main().contents.Tree1.Roots()) text += Below(*node, "");
+        const ListView& keywords = Main().keywords.ListKeywords;
+        for (int i = 1; i <= keywords.Count(); ++i) {
+            const ListRow& row = keywords.At(i);
+            text += row.SubItems(keyword_cell::IDX_FULLKEY) + "=" +
+                    row.SubItems(keyword_cell::IDX_TITLEPATH) + "\n";
+        }
+        std::string relative = text;
+        const std::string root = Main().project.proj_path;
+        for (std::size_t at; (at = relative.find(root)) != std::string::npos;) {
+            relative.replace(at, root.size(), "~");
+        }
+        return relative;
+    }
+    static std::string Below(const TreeNode& node, const std::string& indent) {
+        std::string text = indent + node.Text + " " + node.Tag + "\n";
+        for (int i = 0; i < node.Children(); ++i) text += Below(*node.ChildAt(i), indent + "  ");
+        return text;
+    }
+};
+
+TEST_P(Story, EverythingIsAsTheAuthorLeftIt) {
+    Install(GetParam().family);
+    CreateProject();
+    AddTopic("Starter", "bread", 0);
+    AddTopic("Feeding", "bread", 1);
+    AddTopic("Rolls", "shapes", 0);
+    AddTopic("Loaf", "shapes", 1);
+    AddTopic("Waste", "bread", 0);
+    ArrangeContents();
+    EditProperties();
+    RemoveTopic("Waste");
+    Run("projopt", "FormProjectSettings", [this](QWidget& dialog) {
+        Type(dialog, "EditTitle", "The Whole Loaf");
+        Click(dialog, "cmdOK");
+    });
+    Trigger("FileSave");
+    const std::string left = Project();
+    EXPECT_EQ(left, "");
+    EXPECT_FALSE(folder.Exists("book/bread/Starter.htm.tmp.htm"));
+    EXPECT_TRUE(folder.Exists(IsHtmlHelp() ? "book/bread/Waste.htm" : "book/bread/Waste.htm"))
+        << "only taken out of the project";
+    EXPECT_TRUE(run->window.close());
+
+    Start(
+        [](QWidget& startup) {
+            QTest::keyClick(startup.findChild<QTreeView*>("ListProjects"), Qt::Key_Return);
+        },
+        GetParam().command_line);
+    EXPECT_EQ(Project(), left);
+}
+
+INSTANTIATE_TEST_SUITE_P(Editions, Story,
+                         testing::Values(Edition{"HtmlHelp", "html", "htmlhelp", "loaf.hhp"},
+                                         Edition{"JavaHelp", "", "javahelp", "loaf.hs"}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace quorrel::test
