@@ -56,14 +56,14 @@ TEST_F(PropertiesPage, TitleAndKeywordsReachTheProject) {
     Type("zoo");
     EXPECT_EQ(Keys(), (QStringList{"animal:striped", "zoo"}));
     QStringList way;
-    for (QWidget* at = title; way.size() < 12; at = QApplication::focusWidget()) {
+    for (QWidget* at = title; way.size() < 11; at = QApplication::focusWidget()) {
         way << at->objectName();
         at->setFocus();
         QTest::keyClick(at, Qt::Key_Tab);
     }
-    EXPECT_EQ(way.join(' '),
+    EXPECT_EQ(way.join(' ').toStdString(),
               "EditTitle EditAlias EditInteger ComboStatus TextNotes EditKeyword EditSubKey "
-              "ListKeys CommandEdit CommandDelete CommandSeeAlso EditTitle")
+              "ListKeys CommandEdit CommandDelete CommandSeeAlso")
         << "the Tab key";
     EXPECT_TRUE(Find<QLineEdit>("EditKeyword")->text().isEmpty());
     auto* keys = Find<QListWidget>("ListKeys");

@@ -10,14 +10,22 @@ const std::vector<TreeNode*>& TreeNode::Siblings() const {
     return parent_ == nullptr ? tree_->roots_ : parent_->children_;
 }
 
+int TreeNode::Row() const {
+    const auto& siblings = Siblings();
+    const auto known = static_cast<std::size_t>(row_);
+    if (known < siblings.size() && siblings[known] == this) return row_;
+    for (std::size_t i = 0; i < siblings.size(); ++i) siblings[i]->row_ = static_cast<int>(i);
+    return row_;
+}
+
 TreeNode* TreeNode::Next() const {
     const auto& siblings = Siblings();
-    const auto next = static_cast<std::size_t>(row_) + 1;
+    const auto next = static_cast<std::size_t>(Row()) + 1;
     return next < siblings.size() ? siblings[next] : nullptr;
 }
 
 TreeNode* TreeNode::Previous() const {
-    return row_ == 0 ? nullptr : Siblings()[static_cast<std::size_t>(row_) - 1];
+    return Row() == 0 ? nullptr : Siblings()[static_cast<std::size_t>(row_) - 1];
 }
 
 TreeNode* TreeNode::LastSibling() const {
@@ -54,10 +62,6 @@ void TreeView::End(const TreeChange& change) {
     nodes_changed.Emit();
 }
 
-void TreeView::Renumber(std::vector<TreeNode*>& siblings, std::size_t from) {
-    for (std::size_t i = from; i < siblings.size(); ++i) siblings[i]->row_ = static_cast<int>(i);
-}
-
 TreeNode& TreeView::Add(TreeNode* relative, NodeRelation relation, std::string text, int image,
                         int selected_image) {
     const bool as_child = relative == nullptr || relation == NodeRelation::kChild;
@@ -65,7 +69,7 @@ TreeNode& TreeView::Add(TreeNode* relative, NodeRelation relation, std::string t
     std::vector<TreeNode*>& siblings = ChildrenOf(parent);
     std::size_t row = siblings.size();
     if (!as_child) {
-        row = static_cast<std::size_t>(relative->row_) + (relation == NodeRelation::kNext ? 1 : 0);
+        row = static_cast<std::size_t>(relative->Row()) + (relation == NodeRelation::kNext ? 1 : 0);
     }
     const TreeChange change{TreeChange::Kind::kInsert, parent, static_cast<int>(row)};
     Begin(change);
@@ -78,7 +82,7 @@ TreeNode& TreeView::Add(TreeNode* relative, NodeRelation relation, std::string t
     node.SelectedImage = selected_image;
     node.parent_ = parent;
     siblings.insert(siblings.begin() + static_cast<std::ptrdiff_t>(row), &node);
-    Renumber(siblings, row);
+    node.row_ = static_cast<int>(row);
     End(change);
     return node;
 }
@@ -94,13 +98,11 @@ int TreeView::IndexOf(const TreeNode& node) const {
 
 void TreeView::Detach(TreeNode& node) {
     std::vector<TreeNode*>& siblings = ChildrenOf(node.parent_);
-    const auto row = static_cast<std::size_t>(node.row_);
-    siblings.erase(siblings.begin() + static_cast<std::ptrdiff_t>(row));
-    Renumber(siblings, row);
+    siblings.erase(siblings.begin() + node.Row());
 }
 
 void TreeView::Remove(TreeNode& node) {
-    RemoveRows(node.parent_, node.row_, 1);
+    RemoveRows(node.parent_, node.Row(), 1);
 }
 
 void TreeView::RemoveChildren(TreeNode& node) {
@@ -114,7 +116,6 @@ void TreeView::RemoveRows(TreeNode* parent, int row, int count) {
     const auto first = siblings.begin() + row;
     std::vector<TreeNode*> doomed(first, first + count);
     siblings.erase(first, first + count);
-    Renumber(siblings, static_cast<std::size_t>(row));
     for (std::size_t i = 0; i < doomed.size(); ++i) {
         const TreeNode& gone = *doomed[i];
         doomed.insert(doomed.end(), gone.children_.begin(), gone.children_.end());
@@ -145,14 +146,14 @@ void TreeView::SetParent(TreeNode& node, TreeNode* parent) {
     for (const TreeNode* above = parent; above != nullptr; above = above->parent_) {
         if (above == &node) throw RuntimeError(run_time_error::kInvalidArgument);
     }
-    const TreeChange change{TreeChange::Kind::kMove, node.parent_, node.row_, 1, parent};
+    const TreeChange change{TreeChange::Kind::kMove, node.parent_, node.Row(), 1, parent};
     if (change.IsIdle(*this)) return;
     Begin(change);
     Detach(node);
     node.parent_ = parent;
     std::vector<TreeNode*>& siblings = ChildrenOf(parent);
     siblings.push_back(&node);
-    Renumber(siblings, siblings.size() - 1);
+    node.row_ = static_cast<int>(siblings.size()) - 1;
     End(change);
 }
 
@@ -167,8 +168,10 @@ void TreeView::MoveChildren(TreeNode& from, TreeNode& to) {
     const std::size_t first = to.children_.size();
     to.children_.insert(to.children_.end(), from.children_.begin(), from.children_.end());
     from.children_.clear();
-    for (std::size_t i = first; i < to.children_.size(); ++i) to.children_[i]->parent_ = &to;
-    Renumber(to.children_, first);
+    for (std::size_t i = first; i < to.children_.size(); ++i) {
+        to.children_[i]->parent_ = &to;
+        to.children_[i]->row_ = static_cast<int>(i);
+    }
     End(change);
 }
 

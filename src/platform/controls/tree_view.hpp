@@ -37,7 +37,7 @@ class TreeNode {
         return children_.at(static_cast<std::size_t>(row));
     }
     /// The 0-based place among the siblings.
-    [[nodiscard]] int Row() const { return row_; }
+    [[nodiscard]] int Row() const;
     /// The captions of the ancestors and the node, joined with "\".
     [[nodiscard]] std::string FullPath() const;
 
@@ -49,7 +49,9 @@ class TreeNode {
     TreeView* tree_ = nullptr;
     TreeNode* parent_ = nullptr;
     std::vector<TreeNode*> children_;
-    int row_ = 0;
+    // Where the node was when its siblings were last counted: Row counts them again where another
+    // one stands there now, so that a thousand nodes can be added or removed in a row.
+    mutable int row_ = 0;
     int index_ = 0;  // 1-based place in the flat collection
 };
 
@@ -137,7 +139,6 @@ class TreeView : public Control {
     void End(const TreeChange& change);
     void RemoveRows(TreeNode* parent, int row, int count);
     void Detach(TreeNode& node);
-    static void Renumber(std::vector<TreeNode*>& siblings, std::size_t from);
 
     std::vector<std::unique_ptr<TreeNode>> nodes_;  // in the order of addition
     std::vector<TreeNode*> roots_;
