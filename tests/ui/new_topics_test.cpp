@@ -11,46 +11,17 @@
 #include <QTreeWidget>
 
 #include "project/save_project.hpp"
+#include "ui/authoring_fixture.hpp"
 #include "ui/drag.hpp"
 #include "ui/topics_pane.hpp"
-#include "ui/window_fixture.hpp"
 
 namespace quorrel::test {
 namespace {
 
-class NewTopicsByHand : public WindowFixture {
+class NewTopicsByHand : public AuthoringFixture {
   protected:
-    NewTopicsByHand() {
-        folder.Write("config/quorrel/qrrl_hj.ini",
-                     "[Locations]\r\nmain dir=" + folder.Windows("inst") + "\\\r\n");
-        const std::string templates = "inst/Topic Templates/htmlhelp/";
-        folder.Write(templates + "Blank.htm", "<title>[TITLE]</title><body><h1>[TITLE]</h1>");
-        folder.Write(templates + "Steps.htm", "<title>[TITLE]</title><body><ol><li>[TITLE]</ol>");
-    }
+    NewTopicsByHand() { Install("htmlhelp"); }
 
-    static void Type(QWidget& dialog, const char* name, const QString& text) {
-        auto* edit = dialog.findChild<QLineEdit*>(name);
-        ASSERT_NE(edit, nullptr) << name;
-        edit->setFocus();
-        edit->selectAll();
-        QTest::keyClicks(edit, text);
-    }
-    static void Click(QWidget& dialog, const char* name) {
-        auto* button = dialog.findChild<QAbstractButton*>(name);
-        ASSERT_NE(button, nullptr) << name;
-        QTest::mouseClick(button, Qt::LeftButton);
-    }
-    /// Where the keyboard goes when the dialog is in front.
-    static QString FocusOf(const QWidget& dialog) {
-        return dialog.focusWidget() == nullptr ? QString() : dialog.focusWidget()->objectName();
-    }
-    void Run(const char* command, const char* dialog, std::function<void(QWidget&)> work) {
-        dialogs.Expect(dialog, std::move(work));
-        auto* action = run->window.findChild<QAction*>(command);
-        ASSERT_NE(action, nullptr) << command;
-        action->trigger();
-        EXPECT_TRUE(dialogs.IsDone()) << command;
-    }
     /// Every label that leads somewhere has a key of its own, and none is cut off.
     static void CheckLabels(const QWidget& dialog) {
         QStringList keys;

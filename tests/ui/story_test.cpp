@@ -17,7 +17,64 @@ struct Edition {
     const char* command_line;
     const char* family;
     const char* project;
+    const char* topics;
+    const char* navigation;  // when opened again
+    const char* file;
+    const char* text;  // in this file of the saved project
 };
+
+constexpr const char* kHtmlHelpTopics =
+    "The Whole Loaf\n"
+    "Feeding|IDH_Feeding|\\BREAD\\Feeding.htm|1002|\n"
+    "FirstTopic|IDH_FirstTopic|\\FirstTopic.htm|1000|\n"
+    "Loaf|IDH_Loaf|\\SHAPES\\Loaf.htm|1004|\n"
+    "Starter|IDH_Starter|\\BREAD\\Starter.htm|1001|\n"
+    "White rolls|rolls|\\SHAPES\\Rolls.htm|4711|bread    :white;breakfast;\n";
+constexpr const char* kJavaHelpTopics =
+    "The Whole Loaf\n"
+    "Feeding|Feeding|\\BREAD\\Feeding.htm||\n"
+    "FirstTopic|FirstTopic|\\HTML\\FirstTopic.htm||\n"
+    "Loaf|Loaf|\\SHAPES\\Loaf.htm||\n"
+    "Starter|Starter|\\BREAD\\Starter.htm||\n"
+    "White rolls|Rolls|\\SHAPES\\Rolls.htm||bread    :white;breakfast;\n";
+
+// As the files give it back: a book without a page of its own takes the identifier of the entry
+// before it, and a main key that only heads its sub-keys refers to itself.
+constexpr const char* kHtmlHelpNavigation =
+    "FirstTopic ~\\FirstTopic.htm#^#IDH_FirstTopic#^#,,,,#^#\n"
+    "Rolls ~\\SHAPES\\Rolls.htm#^#rolls#^#,,,,#^#\n"
+    "Loaf ~\\SHAPES\\Loaf.htm#^#IDH_Loaf#^#,,,,#^#\n"
+    "Baking #^#IDH_Loaf#^#,,,,#^#\n"
+    "  Starter ~\\BREAD\\Starter.htm#^#IDH_Starter#^#,,,,#^#\n"
+    "  Feeding ~\\BREAD\\Feeding.htm#^#IDH_Feeding#^#,,,,#^#\n"
+    "bread=SEE ALSO: bread>\n"
+    "bread    :white=White rolls>~\\SHAPES\\Rolls.htm;:\n"
+    "breakfast=White rolls>~\\SHAPES\\Rolls.htm;:\n"
+    "morning=SEE ALSO: breakfast>\n";
+constexpr const char* kJavaHelpNavigation =
+    "FirstTopic ~\\HTML\\FirstTopic.htm#^#FirstTopic#^##^#\n"
+    "Rolls ~\\SHAPES\\Rolls.htm#^#Rolls#^##^#\n"
+    "Loaf ~\\SHAPES\\Loaf.htm#^#Loaf#^##^#\n"
+    "Baking #^##^##^#\n"
+    "  Starter ~\\BREAD\\Starter.htm#^#Starter#^##^#\n"
+    "  Feeding ~\\BREAD\\Feeding.htm#^#Feeding#^##^#\n"
+    "bread=\n"
+    "bread    :white=White rolls>~\\SHAPES\\Rolls.htm;:\n"
+    "breakfast=White rolls>~\\SHAPES\\Rolls.htm;:\n";
+
+constexpr const char* kContentsFileOfJavaHelp =
+    "\r\n     <tocitem text=\"FirstTopic\" target=\"FirstTopic\"/>\r\n"
+    "     <tocitem text=\"Rolls\" target=\"Rolls\"/>\r\n"
+    "     <tocitem text=\"Loaf\" target=\"Loaf\"/>\r\n"
+    "     <tocitem text=\"Baking\">\r\n"
+    "          <tocitem text=\"Starter\" target=\"Starter\"/>\r\n"
+    "          <tocitem text=\"Feeding\" target=\"Feeding\"/>\r\n"
+    "     </tocitem>\r\n"
+    "</toc>\r\n";
+constexpr const char* kAliasFileOfHtmlHelp =
+    "IDH_Feeding=BREAD\\Feeding.htm\r\nIDH_FirstTopic=FirstTopic.htm\r\n"
+    "IDH_Loaf=SHAPES\\Loaf.htm\r\nIDH_Starter=BREAD\\Starter.htm\r\n"
+    "rolls=SHAPES\\Rolls.htm\r\n";
 
 class Story : public AuthoringFixture, public testing::WithParamInterface<Edition> {
   protected:
@@ -147,8 +204,7 @@ class Story : public AuthoringFixture, public testing::WithParamInterface<Editio
 
     static bool IsHtmlHelp() { return std::string(GetParam().family) == "htmlhelp"; }
 
-    /// All of the project that an author sees, as text.
-    [[nodiscard]] std::string Project() {
+    [[nodiscard]] std::string Topics() {
         std::string text = Main().project.project_title + "\n";
         const ListView& topics = Main().topics.ListTopics;
         for (int i = 1; i <= topics.Count(); ++i) {
@@ -157,6 +213,11 @@ class Story : public AuthoringFixture, public testing::WithParamInterface<Editio
                     row.SubItems(topic_cell::kLocation) + "|" + row.SubItems(topic_cell::kInteger) +
                     "|" + row.SubItems(topic_cell::kKeywords) + "\n";
         }
+        return text;
+    }
+    /// The contents and the index, with "~" for the project's folder.
+    [[nodiscard]] std::string Navigation() {
+        std::string text;
         for (const TreeNode* node : Main().contents.Tree1.Roots()) text += Below(*node, "");
         const ListView& keywords = Main().keywords.ListKeywords;
         for (int i = 1; i <= keywords.Count(); ++i) {
@@ -194,10 +255,13 @@ TEST_P(Story, EverythingIsAsTheAuthorLeftIt) {
         Click(dialog, "cmdOK");
     });
     Trigger("FileSave");
-    const std::string left = Project();
-    EXPECT_EQ(left, "");
+    const std::string topics = Topics();
+    EXPECT_EQ(topics, GetParam().topics);
     EXPECT_FALSE(folder.Exists("book/bread/Starter.htm.tmp.htm"));
     EXPECT_TRUE(folder.Exists("book/bread/Waste.htm")) << "only taken out of the project";
+    EXPECT_TRUE(folder.Read(GetParam().file).ends_with(GetParam().text))
+        << folder.Read(GetParam().file);
+    EXPECT_TRUE(folder.Read("book/shapes/Rolls.htm").starts_with("<title>White rolls</title>"));
     EXPECT_TRUE(run->window.close());
 
     Start(
@@ -205,13 +269,17 @@ TEST_P(Story, EverythingIsAsTheAuthorLeftIt) {
             QTest::keyClick(startup.findChild<QTreeView*>("ListProjects"), Qt::Key_Return);
         },
         GetParam().command_line);
-    EXPECT_EQ(Project(), left);
+    EXPECT_EQ(Topics(), topics);
+    EXPECT_EQ(Navigation(), GetParam().navigation);
 }
 
-INSTANTIATE_TEST_SUITE_P(Editions, Story,
-                         testing::Values(Edition{"HtmlHelp", "html", "htmlhelp", "loaf.hhp"},
-                                         Edition{"JavaHelp", "", "javahelp", "loaf.hs"}),
-                         [](const auto& edition) { return std::string(edition.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Editions, Story,
+    testing::Values(Edition{"HtmlHelp", "html", "htmlhelp", "loaf.hhp", kHtmlHelpTopics,
+                            kHtmlHelpNavigation, "book/loaf.ali", kAliasFileOfHtmlHelp},
+                    Edition{"JavaHelp", "", "javahelp", "loaf.hs", kJavaHelpTopics,
+                            kJavaHelpNavigation, "book/loafTOC.xml", kContentsFileOfJavaHelp}),
+    [](const auto& edition) { return std::string(edition.param.name); });
 
 }  // namespace
 }  // namespace quorrel::test
