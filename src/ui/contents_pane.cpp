@@ -81,7 +81,10 @@ void ContentsPane::ConnectModel() {
     connect(this, &QTreeView::collapsed, model_,
             [this](const QModelIndex& index) { model_->SetExpanded(index, false); });
     connect(this, &QAbstractItemView::clicked, this, &ContentsPane::OpenNode);
-    new EnterKey(this, [this] { OpenNode(currentIndex()); });
+    new EnterKey(this, [this] {
+        // The editor of a caption passes on the key that ends it.
+        if (state() != EditingState) OpenNode(currentIndex());
+    });
     connect(model_, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
         if (model_->rowCount() > 0) scroll_ = verticalScrollBar()->value();
     });
