@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QShortcut>
 #include <algorithm>
 
 #include "platform/text.hpp"
@@ -143,8 +142,7 @@ QWidget* NewTopicDialog::MakeKeywords() {
     OnClick(edit, [this] { form_.CommandEdit_Click(); });
     QPushButton* remove = MakeButton("CommandDelete", "De&lete", form_.CommandDelete);
     OnClick(remove, [this] { form_.CommandDelete_Click(); });
-    auto* delete_key = new QShortcut(Qt::Key_Delete, list, nullptr, nullptr, Qt::WidgetShortcut);
-    connect(delete_key, &QShortcut::activated, remove, &QPushButton::click);
+    new KeyFilter(list, {Qt::Key_Delete}, [remove] { remove->click(); });
     auto* buttons = new QVBoxLayout;
     buttons->addWidget(edit);
     buttons->addWidget(remove);

@@ -153,6 +153,10 @@ void QtScreen::ShowModal(Form& form) {
             if (help_wanted) help_wanted(form.Name());
         });
         dialog->exec();
+        // Two dialogs that close in one go would leave no window active.
+        const bool is_front = QGuiApplication::applicationState() == Qt::ApplicationActive;
+        QWidget* behind = dialog->parentWidget();
+        if (is_front && behind != nullptr && behind->isVisible()) behind->activateWindow();
     }
     form.Unload();
 }

@@ -116,6 +116,7 @@ TEST_F(NewTopicsByHand, AProjectGrowsInAnEmptyFolder) {
         ASSERT_EQ(keys->count(), 2);
         EXPECT_EQ(keys->currentItem()->text(), "Bread:rye");
         keys->setCurrentRow(1);
+        keys->setFocus();
         QTest::keyClick(keys, Qt::Key_Delete);
         EXPECT_EQ(keys->count(), 1);
         QTest::keyClick(dialog.findChild<QLineEdit*>("EditSubKey"), Qt::Key_Return);

@@ -82,6 +82,7 @@ class Story : public AuthoringFixture, public testing::WithParamInterface<Editio
         ASSERT_NE(editor, nullptr);
         editor->setText(caption);
         QTest::keyClick(editor, Qt::Key_Return);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Item(caption).isValid(); }));
     }
 
     void ArrangeContents() {
@@ -113,8 +114,8 @@ class Story : public AuthoringFixture, public testing::WithParamInterface<Editio
         AddKeyword("bread", "white");
         AddKeyword("breakfast", "");
         Type(run->window, "EditTitle", "White rolls");
-        Type(run->window, "EditAlias", "rolls");
         if (IsHtmlHelp()) {
+            Type(run->window, "EditAlias", "rolls");
             Type(run->window, "EditInteger", "4711");
             AddReference();
         }
@@ -196,8 +197,7 @@ TEST_P(Story, EverythingIsAsTheAuthorLeftIt) {
     const std::string left = Project();
     EXPECT_EQ(left, "");
     EXPECT_FALSE(folder.Exists("book/bread/Starter.htm.tmp.htm"));
-    EXPECT_TRUE(folder.Exists(IsHtmlHelp() ? "book/bread/Waste.htm" : "book/bread/Waste.htm"))
-        << "only taken out of the project";
+    EXPECT_TRUE(folder.Exists("book/bread/Waste.htm")) << "only taken out of the project";
     EXPECT_TRUE(run->window.close());
 
     Start(
@@ -211,7 +211,7 @@ TEST_P(Story, EverythingIsAsTheAuthorLeftIt) {
 INSTANTIATE_TEST_SUITE_P(Editions, Story,
                          testing::Values(Edition{"HtmlHelp", "html", "htmlhelp", "loaf.hhp"},
                                          Edition{"JavaHelp", "", "javahelp", "loaf.hs"}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& edition) { return std::string(edition.param.name); });
 
 }  // namespace
 }  // namespace quorrel::test
