@@ -82,7 +82,7 @@ void ContentsPane::ConnectModel() {
             [this](const QModelIndex& index) { model_->SetExpanded(index, false); });
     connect(this, &QAbstractItemView::clicked, this, &ContentsPane::OpenNode);
     new EnterKey(this, [this] {
-        // The Enter that ends the editing of a caption comes here, too.
+        // The editor of a caption passes on the key that ends it.
         if (state() != EditingState) OpenNode(currentIndex());
     });
     connect(model_, &QAbstractItemModel::modelAboutToBeReset, this, [this] {

@@ -71,7 +71,7 @@ class ContentsEditing : public WindowFixture {
 };
 
 TEST_F(ContentsEditing, F2EditsTheCaption) {
-    ClickItem(tree, Item("End"));
+    ClickItem(tree, Item("Start"));
     tree->setFocus();
     const auto type = [&](const QString& text, Qt::Key end) {
         QTest::keyClick(tree, Qt::Key_F2);
@@ -82,8 +82,14 @@ TEST_F(ContentsEditing, F2EditsTheCaption) {
         EXPECT_TRUE(
             QTest::qWaitFor([&] { return tree->viewport()->findChild<QLineEdit*>() == nullptr; }));
     };
+    const std::string open = Main().editor.main_path;
+    tree->setCurrentIndex(Item("End"));
     type("The end", Qt::Key_Return);
     EXPECT_EQ(LogicShape(), "Start(Inside) The end");
+    EXPECT_EQ(Main().editor.main_path, open) << "the key that ends the edit opens nothing";
+    tree->setCurrentIndex(Item("Start"));
+    type("A book", Qt::Key_Return);
+    EXPECT_EQ(LogicShape(), "A book(Inside) The end");
     type("Other", Qt::Key_Escape);
     dialogs.Expect("Message", [](QWidget& box) {
         EXPECT_EQ(static_cast<QMessageBox&>(box).text(),
@@ -91,7 +97,7 @@ TEST_F(ContentsEditing, F2EditsTheCaption) {
         QTest::keyClick(&box, Qt::Key_Return);
     });
     type("", Qt::Key_Return);
-    EXPECT_EQ(Shape(), "Start(Inside) The end");
+    EXPECT_EQ(Shape(), "A book(Inside) The end");
     EXPECT_TRUE(dialogs.IsDone());
 }
 
