@@ -40,7 +40,8 @@ Texts MakeTexts(std::size_t size, std::size_t edited_every) {
             "</p><table><tbody><tr><td>one</td><td>two \xC2\xA9</td></tr></tbody></table>\n<ul>\n"
             "<li>x</li><li>y</li></ul>\n";
         texts.base += "<p class=\"body\">" + text + rest;
-        texts.edited += std::string("<p class=\"body\">") + (is_edited ? "Edited " : "") + text + rest;
+        texts.edited +=
+            std::string("<p class=\"body\">") + (is_edited ? "Edited " : "") + text + rest;
     }
     texts.source += "</BODY>\r\n</HTML>\r\n";
     texts.base += "\n\n</body></html>";

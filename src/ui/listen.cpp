@@ -42,7 +42,10 @@ void FollowTextBox(QLineEdit* edit, TextBox& control) {
     const auto show = [edit, &control] {
         const QString text = ToQt(control.Text());
         // Setting an equal text would move the cursor under the user's hands.
-        if (edit->text() != text) edit->setText(text);
+        if (edit->text() == text) return;
+        edit->setText(text);
+        // Of a text that is longer than the field its beginning tells more than its end.
+        if (!edit->hasFocus()) edit->setCursorPosition(0);
     };
     show();
     Listen(control.changed, edit, show);

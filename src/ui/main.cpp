@@ -66,9 +66,7 @@ int main(int argc, char** argv) {
     MainForm main_form({files, screen, surface, source, preview, shell},
                        files.WindowsPath(NativeSettingsFolder()));
     preview.code_page = [&] { return main_form.texts.CodePageNumber(); };
-    screen.help_wanted = [&](std::string_view form) {
-        ShowHelp(main_form, HelpIdentifier(form));
-    };
+    screen.help_wanted = [&](std::string_view form) { ShowHelp(main_form, HelpIdentifier(form)); };
     MainWindow window(main_form, surface, source.Widget(), preview.Widget());
     QObject::connect(&window, &MainWindow::Closed, &app, &QCoreApplication::quit,
                      Qt::QueuedConnection);
