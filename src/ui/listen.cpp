@@ -45,7 +45,8 @@ void FollowTextBox(QLineEdit* edit, TextBox& control) {
         if (edit->text() == text) return;
         edit->setText(text);
         // Of a text that is longer than the field its beginning tells more than its end.
-        if (!edit->hasFocus()) edit->setCursorPosition(0);
+        const bool fits = edit->fontMetrics().horizontalAdvance(text) < edit->width();
+        if (!fits && !edit->hasFocus()) edit->setCursorPosition(0);
     };
     show();
     Listen(control.changed, edit, show);
