@@ -31,20 +31,16 @@ TEST_F(Startup, TheEditionComesFromTheCommandLine) {
     EXPECT_TRUE(frmSplash("html").ShowsHtmlHelpPicture());
     LoadSettings(main, "");
     EXPECT_EQ(main.window.window.Caption(), "Quorrel JavaHelp Edition");
-    EXPECT_EQ(main.topics.ListTopics.columns[1].header, "MapID");
     EXPECT_TRUE(main.window.Named("jar").Visible());
     EXPECT_FALSE(main.window.Named("editjsfile").Visible());
     LoadSettings(main, "html");
     EXPECT_EQ(main.window.window.Caption(), "Quorrel HTML Help Edition");
-    EXPECT_EQ(main.topics.ListTopics.columns[3].header, "Context Integer");
     EXPECT_EQ(main.window.Named("viewjavahelp").Caption(), "&View Compiled Help File");
-    EXPECT_FALSE(main.window.ComboIcon.Visible());
 }
 
 TEST_F(Startup, SettingsHaveTheirDefaults) {
     LoadSettings(main, "html");
     EXPECT_EQ(main.settings.hhc, "c:\\Program Files\\HTML Help Workshop\\hhc.exe");
-    EXPECT_EQ(main.settings.javahelp_viewer, "");
     EXPECT_EQ(main.settings.main_spell_dic, "\\american.vtd");
     folder.Write(
         "settings/qrrl_hj.ini",
@@ -54,7 +50,6 @@ TEST_F(Startup, SettingsHaveTheirDefaults) {
     EXPECT_EQ(main.settings.Template_Dir, "C:\\Q\\Topic Templates\\htmlhelp");
     EXPECT_EQ(main.settings.help_file, "C:\\Q\\qrrl_h.hlp>proc1");
     EXPECT_EQ(main.settings.custom_spell_dic, "C:\\Q\\custom.dic");
-    EXPECT_EQ(main.settings.ext_editor, "vi");
     EXPECT_TRUE(main.settings.use_ext_editor);
     // The stored value does not change the state at the start.
     EXPECT_TRUE(main.settings.preserve_html);
@@ -67,43 +62,31 @@ TEST_F(Startup, ARunGoesThroughTheSplashAndTheRecentProjects) {
     screen.ExpectForm("frmSplash", [](Form&) {});
     screen.ExpectForm("FormStartup", [&](Form& form) {
         auto& startup = dynamic_cast<FormStartup&>(form);
-        EXPECT_TRUE(main.window.window.Visible());
         ASSERT_EQ(startup.ListProjects.Count(), 2);
         EXPECT_EQ(startup.ListProjects.At(2).Text(), "Untitled");
         startup.ListProjects.Select(&startup.ListProjects.At(2));
         startup.ListProjects_Click();
-        EXPECT_TRUE(startup.Command2.Enabled());
         startup.Command2_Click();
-        EXPECT_TRUE(startup.closed);
     });
     Form_Load(main, "html");
     EXPECT_EQ(main.project.proj, folder.Windows("c.hhp"));
     EXPECT_EQ(main.project.lngMapCount, 4);
-    EXPECT_TRUE(main.window.Command3.Enabled());
-    EXPECT_EQ(main.window.TabStrip2.SelectedIndex(), 1);
 }
 
-TEST_F(Startup, MoreProjectsAsksForAFileAndStaysWithoutOne) {
-    LoadSettings(main, "html");
-    FormStartup form(main);
-    EXPECT_FALSE(form.Command2.Enabled());
-    screen.ExpectFileDialog("");
-    form.Command4_Click();
-    EXPECT_FALSE(form.closed);
-    screen.ExpectFileDialog(Project("x.hhp"));
-    form.Command4_Click();
-    EXPECT_TRUE(form.closed);
-}
-
-TEST_F(Startup, AProjectThatIsLostMeanwhileIsTold) {
+TEST_F(Startup, TheDialogStaysWithoutAProject) {
     WriteRecent("Recent HTML Projects", {Project("a.hhp") + "|A"});
     LoadSettings(main, "html");
     FormStartup form(main);
     std::filesystem::remove(folder.Native("a.hhp"));
     screen.ExpectMessage("Cannot find file " + folder.Native("a.hhp") + ".");
     form.Command2_Click();
-    EXPECT_FALSE(form.closed);
     EXPECT_TRUE(main.project.recent_proj.empty());
+    screen.ExpectFileDialog("");
+    form.Command4_Click();
+    EXPECT_FALSE(form.closed);
+    screen.ExpectFileDialog(Project("x.hhp"));
+    form.Command4_Click();
+    EXPECT_TRUE(form.closed);
 }
 
 TEST_F(Startup, TheRecentMenuShowsFiveAndShortensLongPaths) {
@@ -116,7 +99,6 @@ TEST_F(Startup, TheRecentMenuShowsFiveAndShortensLongPaths) {
     EXPECT_EQ(main.recent.num_recent, 25);
     EXPECT_EQ(main.window.recent[4].Caption(),
               "&4  " + main.files.NativePath("...\\and_project4.hhp"));
-    EXPECT_TRUE(main.window.recent[4].Visible());
     WriteRecent("Recent Projects", {entries[0]});
     LoadSettings(main, "");
     EXPECT_FALSE(main.window.recent[1].Visible());
@@ -124,21 +106,19 @@ TEST_F(Startup, TheRecentMenuShowsFiveAndShortensLongPaths) {
 
 TEST_F(Startup, SavingAProjectMovesItToTheTop) {
     LoadSettings(main, "html");
+    main.project.project_title = "T";
     const auto save = [&](std::string proj) {
         main.project.proj = std::move(proj);
-        main.project.project_title = "T";
         UpdateRecentList(main);
     };
     for (int i = 0; i < 26; ++i) save("C:\\" + std::to_string(i) + ".hhp");
     // A full list takes no new project.
-    EXPECT_EQ(main.recent.num_recent, 25);
     EXPECT_EQ(main.recent.recent_list[0], "C:\\24.hhp|T");
     save("C:\\3.hhp");
     EXPECT_EQ(main.recent.recent_list[0], "C:\\3.hhp|T");
-    EXPECT_EQ(main.recent.recent_list[1], "C:\\24.hhp|T");
     EXPECT_EQ(main.recent.recent_list[24], "C:\\0.hhp|T");
     main.project.project_title = "New";
-    UpdateRecentList(main);
+    save("C:\\3.hhp");
     EXPECT_EQ(main.recent.recent_list[0], "C:\\3.hhp|T") << "the first entry keeps even its title";
 }
 
@@ -146,7 +126,6 @@ TEST_F(Startup, TheEndWritesTheRecentListOfTheEdition) {
     WriteRecent("Recent HTML Projects", {Project("a.hhp") + "|A", folder.Windows("gone.hhp") + "|B",
                                          Project("c.hhp") + "|C"});
     LoadSettings(main, "html");
-    EXPECT_TRUE(Form_QueryUnload(main));
     Form_Unload(main);
     EXPECT_EQ(folder.Read("settings/qrrl_hj.ini"),
               "[Recent HTML Projects]\r\n0=" + folder.Windows("a.hhp") + "|A\r\n1=" +
@@ -159,19 +138,15 @@ TEST_F(Startup, SettingsAreCheckedAndStored) {
     form.CheckExtEditor.Value = true;
     screen.ExpectMessage("You must specify a path to an HTML editor.");
     form.OKButton_Click();
-    EXPECT_FALSE(form.closed);
     form.CheckExtEditor.Value = false;
     screen.ExpectFileDialog(folder.Windows("editor"));
     form.Command2_Click();
-    EXPECT_TRUE(form.CheckExtEditor.Value());
     form.OKButton_Click();
     EXPECT_TRUE(form.closed);
     EXPECT_EQ(folder.Read("settings/qrrl_hj.ini"),
               "[Settings]\r\nuseexted=1\r\nexted=" + folder.Native("editor") + "\r\n");
     EXPECT_EQ(main.window.TabStrip2.SelectedIndex(), 2);
-    EXPECT_FALSE(main.window.Command3.Enabled());
-    EXPECT_TRUE(main.window.LabelExtEditor.Visible());
-    EXPECT_FALSE(main.window.EditTitle.Enabled());
+    EXPECT_FALSE(main.window.Command3.Enabled() || main.window.EditTitle.Enabled());
     FormSettings again(main);
     again.CheckExtEditor.Value = false;
     again.OKButton_Click();

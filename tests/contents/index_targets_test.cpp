@@ -17,14 +17,11 @@ ListRow& AddKey(ListView& table, const char* key, const char* targets) {
 }
 
 TEST(IndexTargets, AreGroupsOfTitleAndPath) {
-    const auto targets = IndexTargets("A>Z:\\a.htm;:no mark;:B>b.htm#x;:>c.htm");
-    ASSERT_EQ(targets.size(), 3U);
-    EXPECT_EQ(targets[0].title, "A");
-    EXPECT_EQ(targets[0].path, "Z:\\a.htm");
-    EXPECT_EQ(targets[1].path, "b.htm#x");
-    EXPECT_EQ(targets[2].title, "");
-    EXPECT_EQ(targets[2].path, "c.htm");
-    EXPECT_TRUE(IndexTargets("").empty());
+    std::string joined;
+    for (const auto& [title, path] : IndexTargets("A>Z:\\a.htm;:no mark;:B>b.htm#x;:>c.htm")) {
+        joined += title + "|" + path + " ";
+    }
+    EXPECT_EQ(joined, "A|Z:\\a.htm B|b.htm#x |c.htm ");
 }
 
 TEST(SeeAlso, LeadsToTheKeyAsItIsSpelled) {
@@ -34,7 +31,6 @@ TEST(SeeAlso, LeadsToTheKeyAsItIsSpelled) {
     AddKey(table, "MAIN    :SUB", "");
     EXPECT_EQ(SeeAlsoRow(table, AddKey(table, "x", "SEE ALSO:   main:sub>rest")), &sub);
     EXPECT_EQ(SeeAlsoRow(table, AddKey(table, "y", "SEE ALSO: missing>")), nullptr);
-    EXPECT_EQ(SeeAlsoRow(table, AddKey(table, "z", "SEE ALSO: >")), nullptr);
     EXPECT_EQ(SeeAlsoRow(table, sub), nullptr);
     EXPECT_FALSE(IsSeeAlso(sub));
 }

@@ -11,7 +11,9 @@ namespace {
 /// Reads the list; files named here have a title of their own.
 class FileList : public testing::Test {
   protected:
-    void Read(std::string_view text) {
+    using Lines = std::vector<std::string>;
+    Lines Read(std::string_view text) {
+        tables.ListTopics.Clear();
         first = ReadFileList(
             text, "C:\\p", tables.ListTopics,
             [](const std::string& path) -> std::optional<std::string> {
@@ -19,9 +21,7 @@ class FileList : public testing::Test {
                 return "T:" + std::string(AfterLast(path, '\\'));
             },
             Trap(log, "test: "));
-    }
-    std::vector<std::string> Rows() {
-        std::vector<std::string> rows;
+        Lines rows;
         for (int i = 1; i <= tables.ListTopics.Count(); ++i) {
             const ListRow& row = tables.ListTopics.At(i);
             rows.push_back(row.Text() + "|" + row.SubItems(topic_cell::kLocation) + "|" +
@@ -29,7 +29,6 @@ class FileList : public testing::Test {
         }
         return rows;
     }
-    using Lines = std::vector<std::string>;
 
     ErrorLog log{[this](std::string_view line) { log_lines.emplace_back(line); }};
     TopicTables tables;
@@ -38,41 +37,30 @@ class FileList : public testing::Test {
 };
 
 TEST_F(FileList, TakesTitlesFromTheListOrTheFile) {
-    Read(
-        "[OPTIONS]\na.htm\n[FILES]\n  b.htm \n;Title=B; [x]\n\nc/d.htm\nmissing.htm\ne.htm\n"
-        "\n[MAP]\nf.htm\n");
-    EXPECT_EQ(Rows(), (Lines{"B; [x]|\\b.htm|C:\\p\\b.htm", "T:d.htm|\\c\\d.htm|C:\\p\\c\\d.htm",
-                             "T:e.htm|\\e.htm|C:\\p\\e.htm"}));
+    EXPECT_EQ(Read("[OPTIONS]\na.htm\n[FILES]\n  b.htm \n;Title=B; [x]\n\nc/d.htm\nmissing.htm\n"
+                   "e.htm\n\n[MAP]\nf.htm\n"),
+              (Lines{"B; [x]|\\b.htm|C:\\p\\b.htm", "T:d.htm|\\c\\d.htm|C:\\p\\c\\d.htm",
+                     "T:e.htm|\\e.htm|C:\\p\\e.htm"}));
     EXPECT_EQ(first, "C:\\p\\b.htm");
 }
 
 TEST_F(FileList, SupportFilesAreNoTopicsInTheirFixedOrder) {
-    Read(
-        "[FILES]\nrtex.gif\nmaster.js\na.htm\nrtex.gif\ndwnex.gif\nhtmlhelp.css\nmaster.js\nb.htm"
-        "\nRTEX.GIF\n\n[ALIAS]\n");
-    EXPECT_EQ(Rows(), (Lines{"T:a.htm|\\a.htm|C:\\p\\a.htm", "T:b.htm|\\b.htm|C:\\p\\b.htm",
-                             "T:RTEX.GIF|\\RTEX.GIF|C:\\p\\RTEX.GIF"}));
+    EXPECT_EQ(Read("[FILES]\nrtex.gif\nmaster.js\na.htm\nrtex.gif\ndwnex.gif\nhtmlhelp.css\n"
+                   "master.js\nb.htm\nRTEX.GIF\n\n[ALIAS]\n"),
+              (Lines{"T:a.htm|\\a.htm|C:\\p\\a.htm", "T:b.htm|\\b.htm|C:\\p\\b.htm",
+                     "T:RTEX.GIF|\\RTEX.GIF|C:\\p\\RTEX.GIF"}));
 }
 
-TEST_F(FileList, TheLastLineIsLostWhenItWasOnlyLookedAheadAt) {
-    Read("[FILES]\na.htm\nb.htm");
-    EXPECT_EQ(Rows(), (Lines{"T:a.htm|\\a.htm|C:\\p\\a.htm"}));
-    tables.ListTopics.Clear();
-    Read("[FILES]\na.htm\n;Title=A\nb.htm");
-    EXPECT_EQ(tables.ListTopics.Count(), 2);
-    tables.ListTopics.Clear();
-    Read("[FILES]\na.htm\nb.htm\n;Title=B\n");
-    EXPECT_EQ(tables.ListTopics.Count(), 2);
-}
-
-TEST_F(FileList, ALineWithABracketEndsTheList) {
-    Read("[FILES]\na.htm\n;Title=A\nx[1].htm\nb.htm\n\n");
-    EXPECT_EQ(Rows(), (Lines{"A|\\a.htm|C:\\p\\a.htm"}));
-}
-
-TEST_F(FileList, AFileThatEndsInASupportFileIsLoggedAndEnds) {
-    Read("[FILES]\na.htm\n;Title=A\nmissing\nrtex.gif");
-    EXPECT_EQ(Rows(), (Lines{"A|\\a.htm|C:\\p\\a.htm"}));
+TEST_F(FileList, EndsAtABracketOrWithTheFile) {
+    const Lines a{"A|\\a.htm|C:\\p\\a.htm"};
+    EXPECT_EQ(Read("[FILES]\na.htm\n;Title=A\nx[1].htm\nb.htm\n\n"), a);
+    // The last line is lost when it was only looked ahead at.
+    EXPECT_EQ(Read("[FILES]\na.htm\nb.htm").size(), 1U);
+    EXPECT_EQ(Read("[FILES]\na.htm\n;Title=A\nb.htm").size(), 2U);
+    EXPECT_EQ(Read("[FILES]\na.htm\nb.htm\n;Title=B\n").size(), 2U);
+    EXPECT_EQ(log_lines, Lines{});
+    // Behind a support file another line is wanted.
+    EXPECT_EQ(Read("[FILES]\na.htm\n;Title=A\nmissing\nrtex.gif"), a);
     EXPECT_EQ(log_lines, (Lines{"test: 62 Input past end of file"}));
 }
 

@@ -75,13 +75,11 @@ TEST_F(MapFilesOfAProject, AreReadThroughTheProjectFileAndWrittenWithoutBackup) 
     row.SetSubItem(topic_cell::kFullPath, folder.Windows("a.htm"));
     ReadHTMLMapFiles(main);
     EXPECT_EQ(row.SubItems(topic_cell::kInteger), "3");
-    EXPECT_EQ(main.project.java_map_file, folder.Windows("m.h"));
     EXPECT_EQ(main.project.next_integer, 3);
     HTMLWriteMapFile(main);
     EXPECT_EQ(folder.Read("guide.ali"), "A=a.htm\r\n");
     EXPECT_EQ(folder.Read("m.h"), "#define A 3\r\n");
     EXPECT_FALSE(folder.Exists("m.h.bak"));
-    EXPECT_FALSE(folder.Exists("m.h.tmp"));
 }
 
 TEST_F(MapFilesOfAProject, AMissingOneIsLoggedAndTheOtherRead) {

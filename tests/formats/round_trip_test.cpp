@@ -11,6 +11,7 @@
 #include "formats/javahelp/index_xml.hpp"
 #include "formats/javahelp/toc_xml.hpp"
 #include "platform/encoding.hpp"
+#include "support/model_text.hpp"
 
 namespace quorrel {
 namespace {
@@ -143,10 +144,8 @@ class RoundTrip : public testing::TestWithParam<bool> {
             const TreeNode& node = model.tree.At(i);
             dump += node.FullPath() + " " + std::to_string(node.Image) + " " + node.Tag + "\n";
         }
-        const ListView& keywords = model.keywords.ListKeywords;
-        for (int i = 1; i <= keywords.Count(); ++i) {
-            const ListRow& row = keywords.At(i);
-            dump += row.Text() + " | " + row.SubItems(1) + " | " + row.SubItems(2) + "\n";
+        for (const std::string& row : test::KeywordRows(model.keywords.ListKeywords)) {
+            dump += row + "\n";
         }
         return dump;
     }

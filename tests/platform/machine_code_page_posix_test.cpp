@@ -36,9 +36,7 @@ class Environment {
 
 TEST(MachineCodePage, VariableThenLocaleThenWestern) {
     struct Case {
-        const char* variable;
-        const char* all;
-        const char* lang;
+        const char *variable, *all, *lang;
         int page;
         bool chosen;
     };
@@ -47,15 +45,12 @@ TEST(MachineCodePage, VariableThenLocaleThenWestern) {
                           {nullptr, "ru_RU", "ja_JP.UTF-8", 1251, false},
                           {nullptr, "", "ja", 932, false},
                           {nullptr, "C", "ja_JP", 1252, false},
-                          {nullptr, nullptr, "zh_TW.UTF-8", 950, false},
                           {nullptr, nullptr, "zh_CN.UTF-8", 936, false},
                           {nullptr, nullptr, "sr_RS@latin", 1250, false},
-                          {nullptr, nullptr, "sr_RS.UTF-8", 1251, false},
                           {nullptr, nullptr, "jam_JM", 1252, false},
                           {"1251", "ja_JP", nullptr, 1251, true},
                           {"65001", nullptr, nullptr, 65001, true},
                           {"", "ja_JP", nullptr, 932, false},
-                          {"utf-8", "ja_JP", nullptr, 932, false},
                           {"-1", "ja_JP", nullptr, 932, false},
                           {"99999999999999999999", "ja_JP", nullptr, 932, false}};
     for (const Case& c : cases) {
@@ -64,10 +59,8 @@ TEST(MachineCodePage, VariableThenLocaleThenWestern) {
         if (c.all != nullptr) setenv("LC_ALL", c.all, 1);
         if (c.lang != nullptr) setenv("LANG", c.lang, 1);
         const MachineCodePage found = CodePageOfMachine();
-        const auto shown = [](const char* value) { return value == nullptr ? "-" : value; };
-        EXPECT_EQ(found.number, c.page)
-            << shown(c.variable) << " " << shown(c.all) << " " << shown(c.lang);
-        EXPECT_EQ(found.chosen, c.chosen) << shown(c.variable);
+        EXPECT_EQ(found.number, c.page) << "row " << &c - cases;
+        EXPECT_EQ(found.chosen, c.chosen) << "row " << &c - cases;
     }
 }
 

@@ -3,25 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 #include <string_view>
 
-#include "platform/failure.hpp"
 #include "platform/native_file_system.hpp"
+#include "support/error_number.hpp"
 #include "support/scratch_folder.hpp"
 
 namespace quorrel::test {
-
-/// The number that `work` raises, or 0.
-inline int NumberOf(const std::function<void()>& work) {
-    try {
-        work();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-}
 
 class NativeFiles : public testing::Test {
   protected:

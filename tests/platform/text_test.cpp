@@ -8,32 +8,27 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/failure.hpp"
 #include "platform/text_lines.hpp"
 #include "platform/unicode.hpp"
+#include "support/error_number.hpp"
 
 namespace quorrel {
 namespace {
 
 TEST(FindIgnoringAsciiCase, FindsTheFirstPlaceFromTheOffsetOn) {
     struct Case {
-        std::string_view text;
-        std::string_view upper;
-        std::size_t from;
-        std::size_t found;
+        std::string_view text, upper;
+        std::size_t from, found;
     };
     const Case cases[] = {
         {"", "", 0, 0},
         {"abc", "", 3, 3},
         {"abc", "", 4, npos},
-        {"xxabC", "ABC", 0, 2},
         {"aaB", "AB", 0, 1},
-        {"abab", "AB", 1, 2},
         {"abc", "C", 3, npos},
         {"abc", "A", npos, npos},
         {"<bo<BoDy>", "<BODY", 0, 3},
         {"{a}", "[A]", 0, npos},  // these differ by the same bit as letters do
-        {"@`", "`", 0, 1},
         {"\xC3\xA4", "\xC3\x84", 0, npos},
         {std::string_view("a\0b", 3), "B", 0, 2},
     };
@@ -51,7 +46,6 @@ TEST(Text, CharactersAreCodePoints) {
         EXPECT_EQ(FirstCharacters(text, n), firsts[n]) << n;
         EXPECT_EQ(OffsetOfCharacter(text, n), firsts[n].size()) << n;
     }
-    EXPECT_EQ(FirstCharacters(text, 6), text);
     EXPECT_EQ(FirstCharacters(text, npos), text);
 }
 
@@ -67,12 +61,10 @@ TEST(Text, LeadingNumberStopsAtItsLimit) {
     constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max();
     const std::pair<std::string_view, std::int64_t> cases[] = {
         {"", 0},
-        {"\t1", 0},
         {"  12 px", 12},
         {"+7", 7},
         {"--7", 0},
         {"0x10", 0},
-        {"9223372036854775806", limit - 1},
         {"9223372036854775807", limit},
         {"9223372036854775808", limit},
         {"99999999999999999999999999", limit},
@@ -87,13 +79,12 @@ TEST(Unicode, OnlyWellFormedUtf8IsValid) {
           "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
         EXPECT_TRUE(IsValidUtf8(text)) << testing::PrintToString(text);
     }
-    const char* const overlong[] = {"\xC0\xAF", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF"};
-    const char* const no_character[] = {"\xED\xA0\x80", "\xED\xBF\xBF", "\xF4\x90\x80\x80"};
-    const char* const damaged[] = {"\x80", "\xFF", "\xC3", "\xE2\x82", "\xF0\x9F\x98", "\xC3("};
-    std::vector<std::string_view> bad(std::begin(overlong), std::end(overlong));
-    bad.insert(bad.end(), std::begin(no_character), std::end(no_character));
-    bad.insert(bad.end(), std::begin(damaged), std::end(damaged));
-    for (const auto text : bad) {
+    const char* const overlong_beyond_or_damaged[] = {
+        "\xC0\xAF",     "\xC1\xBF",     "\xE0\x9F\xBF",     "\xF0\x8F\xBF\xBF",
+        "\xED\xA0\x80", "\xED\xBF\xBF", "\xF4\x90\x80\x80", "\x80",
+        "\xFF",         "\xC3",         "\xE2\x82",         "\xF0\x9F\x98",
+        "\xC3("};
+    for (const std::string_view text : overlong_beyond_or_damaged) {
         EXPECT_FALSE(IsValidUtf8(text)) << testing::PrintToString(text);
         std::size_t offset = 0;
         EXPECT_EQ(NextCodePoint(text, offset), U'\xFFFD') << testing::PrintToString(text);
@@ -114,20 +105,15 @@ TEST(Unicode, AsciiIsSeenAtEveryOffset) {
 TEST(Unicode, EqualWhateverTheCase) {
     const std::pair<std::string_view, std::string_view> same[] = {
         {"Readme.HTM", "rEADME.htm"},
-        {"Содержание", "СОДЕРЖАНИЕ"},
         {"ёлка", "ЁЛКА"},
         {"ΣΊΣΥΦΟΣ", "σίσυφος"},
-        {"Éléphant", "éLÉPHANT"},
         {"ÿ", "Ÿ"},
         {"ı", "i"},
-        {"ԱԲԳ", "աբգ"},
         {"𐐀", "𐐨"},
     };
     for (const auto& [a, b] : same) {
-        EXPECT_TRUE(EqualsIgnoringCase(a, b)) << a << " " << b;
         EXPECT_EQ(CompareIgnoringCase(a, b), 0) << a << " " << b;
         EXPECT_EQ(HashIgnoringCase(a), HashIgnoringCase(b)) << a << " " << b;
-        EXPECT_EQ(UpperUnicode(a), UpperUnicode(b)) << a << " " << b;
     }
     EXPECT_FALSE(EqualsIgnoringCase("e", "é"));
     EXPECT_FALSE(EqualsIgnoringCase("ß", "ss"));
@@ -147,10 +133,8 @@ TEST(Unicode, OrderIsThatOfUpperCasedCodePoints) {
 
 TEST(Unicode, FoundPlaceIsInBytesOfTheText) {
     struct Case {
-        std::string_view text;
-        std::string_view part;
-        std::size_t offset;  // npos: not found
-        std::size_t size;
+        std::string_view text, part;
+        std::size_t offset, size;  // npos: not found
     };
     const Case cases[] = {{"abc", "", 0, 0},    {"", "", 0, 0},       {"ж", "", 0, 0},
                           {"", "ж", npos, 0},   {"xABC", "bc", 2, 2}, {"Содержание", "РЖА", 8, 6},
@@ -170,7 +154,7 @@ std::vector<std::string> LinesOf(std::string_view text) {
     std::vector<std::string> result;
     TextLines lines(text);
     while (!lines.AtEnd()) result.emplace_back(lines.ReadLine());
-    EXPECT_THROW((void)lines.ReadLine(), RuntimeError);
+    EXPECT_EQ(test::NumberOf([&] { (void)lines.ReadLine(); }), 62);
     return result;
 }
 
@@ -178,13 +162,9 @@ TEST(TextLines, EveryLineEndIsOne) {
     using Lines = std::vector<std::string>;
     const std::pair<std::string_view, Lines> cases[] = {
         {"", {}},
-        {"a", {"a"}},
-        {"a\r\nb\r\n", {"a", "b"}},
-        {"a\nb", {"a", "b"}},
         {"a\rb\r", {"a", "b"}},
         {"\r\n", {""}},
         {"\r\r\n\n", {"", "", ""}},
-        {"\n\r", {"", ""}},
         {"a\rb\nc\r\nd\r\re", {"a", "b", "c", "d", "", "e"}},
         {std::string_view("a\0b\nc", 5), {std::string("a\0b", 3), "c"}}};
     for (const auto& [text, lines] : cases) {
@@ -197,17 +177,6 @@ TEST(TextLines, PositionIsTheStartOfTheNextLine) {
     for (const std::size_t position : {0U, 4U, 5U, 7U}) {
         EXPECT_EQ(lines.Position(), position);
         (void)lines.ReadLine();
-    }
-}
-
-TEST(TextLines, PastTheEndIsError62) {
-    TextLines lines("a\n");
-    (void)lines.ReadLine();
-    try {
-        (void)lines.ReadLine();
-        FAIL() << "nothing raised";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), 62);
     }
 }
 

@@ -31,41 +31,37 @@ TEST(FindTopic, IgnoresCaseAndGivesTheFirstRow) {
     EXPECT_EQ(FindTopic(tables.ListTopics, "C:\\p"), -1);
 }
 
+/// The identifiers after the repair of topics with these paths and identifiers.
+std::string Repaired(const std::vector<std::pair<const char*, const char*>>& rows,
+                     std::string_view prefix) {
+    TopicTables tables;
+    for (const auto& [path, id] : rows) {
+        // The titles keep the rows in this order.
+        AddTopic(tables.ListTopics, std::to_string(tables.ListTopics.Count()), path, id);
+    }
+    verify_map_ids(tables.ListTopics, prefix);
+    std::string ids;
+    for (int i = 1; i <= tables.ListTopics.Count(); ++i) {
+        ids += tables.ListTopics.At(i).SubItems(topic_cell::kMapId) + " ";
+    }
+    return ids;
+}
+
 TEST(VerifyMapIds, FillsGapsFromFileNames) {
-    TopicTables tables;
-    ListView& topics = tables.ListTopics;
-    AddTopic(topics, "1", "C:\\p\\a-b.htm");
-    AddTopic(topics, "2", "C:\\p\\q\\a_b.htm");
-    AddTopic(topics, "3", "C:\\p\\A.B.htm");
-    AddTopic(topics, "4", "C:\\p\\\xC3\xA9t\xC3\xA9!.htm");
-    AddTopic(topics, "5", "C:\\p\\x.htm", "a_b");
-    AddTopic(topics, "6", "");
-    verify_map_ids(topics, "P_ ");
-    std::vector<std::string> ids;
-    for (int i = 1; i <= topics.Count(); ++i) ids.push_back(topics.At(i).SubItems(1));
     // The number behind a taken name is the row that has it; the prefix loses its blanks.
-    EXPECT_EQ(ids, (std::vector<std::string>{"P_a_b", "P_a_b1", "P_A_B12", "P__t__", "a_b", "P_"}));
-}
-
-TEST(VerifyMapIds, AvoidsIdentifiersThatOtherRowsHave) {
-    TopicTables tables;
-    AddTopic(tables.ListTopics, "1", "C:\\p\\a.htm");
-    AddTopic(tables.ListTopics, "2", "C:\\p\\x.htm", "A");
-    AddTopic(tables.ListTopics, "3", "C:\\p\\y.htm", "a2");
-    verify_map_ids(tables.ListTopics, "");
-    EXPECT_EQ(tables.ListTopics.At(1).SubItems(1), "a23");
-}
-
-TEST(VerifyMapIds, ATopicWithoutANameGetsItsOwnNumber) {
-    TopicTables tables;
-    AddTopic(tables.ListTopics, "1", "C:\\p\\.a");
-    AddTopic(tables.ListTopics, "2", "C:\\p\\.b");
-    AddTopic(tables.ListTopics, "3", "C:\\p\\c.htm", "4");
-    AddTopic(tables.ListTopics, "4", "C:\\p\\.d");
-    verify_map_ids(tables.ListTopics, "");
-    EXPECT_EQ(tables.ListTopics.At(1).SubItems(1), "1");
-    EXPECT_EQ(tables.ListTopics.At(2).SubItems(1), "2");
-    EXPECT_EQ(tables.ListTopics.At(4).SubItems(1), "43");
+    EXPECT_EQ(Repaired({{"C:\\p\\a-b.htm", ""},
+                        {"C:\\p\\q\\a_b.htm", ""},
+                        {"C:\\p\\A.B.htm", ""},
+                        {"C:\\p\\\xC3\xA9t\xC3\xA9!.htm", ""},
+                        {"C:\\p\\x.htm", "a_b"},
+                        {"", ""}},
+                       "P_ "),
+              "P_a_b P_a_b1 P_A_B12 P__t__ a_b P_ ");
+    EXPECT_EQ(Repaired({{"C:\\a.htm", ""}, {"C:\\x.htm", "A"}, {"C:\\y.htm", "a2"}}, ""),
+              "a23 A a2 ");
+    // A topic without a name gets its own number.
+    EXPECT_EQ(Repaired({{"C:\\.a", ""}, {"C:\\.b", ""}, {"C:\\c.htm", "4"}, {"C:\\.d", ""}}, ""),
+              "1 2 4 43 ");
 }
 
 TEST(VerifyMapIds, ManyTopicsOfOneNameCostNoMoreThanTheirIdentifiers) {
@@ -112,16 +108,6 @@ TEST(TopicPathFinder, AgreesWithTheScan) {
         }
     }
     EXPECT_GT(hits, 1000U);
-}
-
-TEST(TopicPathFinder, TakesAPathWithinALongerOneOnlyBehindABackslash) {
-    TopicTables tables;
-    AddTopic(tables.ListTopics, "1", "C:\\x\\ba.htm");
-    ListRow& wanted = AddTopic(tables.ListTopics, "2", "C:\\x\\a.htm");
-    TopicPathFinder finder(tables.ListTopics);
-    EXPECT_EQ(finder.Find("a.htm"), &wanted);
-    EXPECT_EQ(finder.Find("C:\\X\\A"), &wanted);
-    EXPECT_EQ(finder.Find("C:\\y"), nullptr);
 }
 
 TEST(KeywordCells, AgreeWithAPlainSearch) {

@@ -8,98 +8,37 @@
 #include <string>
 #include <vector>
 
-#include "platform/failure.hpp"
 #include "platform/unicode.hpp"
+#include "support/error_number.hpp"
 
 namespace quorrel {
 namespace {
 
-std::vector<std::string> TextsOf(ListView& table) {
-    std::vector<std::string> texts;
-    for (int i = 1; i <= table.Count(); ++i) {
-        texts.push_back(table.At(i).Text());
-        EXPECT_EQ(table.PositionOf(table.At(i)), i);
-    }
-    return texts;
-}
-
-using Texts = std::vector<std::string>;
-
-TEST(ListView, RowsStandInOrderOfTheSortColumn) {
-    ListView table(2, 0);
-    for (const char* text : {"b", "a2", "_", "B", "", "Ж", "a", "жа", "b"}) table.Add(text);
-    EXPECT_EQ(TextsOf(table), (Texts{"", "a", "a2", "b", "B", "b", "_", "Ж", "жа"}));
-
-    ListView unsorted(2);
-    for (const char* text : {"b", "a", "c"}) unsorted.Add(text);
-    unsorted.At(1).SetText("z");
-    EXPECT_EQ(TextsOf(unsorted), (Texts{"z", "a", "c"}));
-}
-
-TEST(ListView, EqualKeysKeepTheOrderOfAddition) {
-    ListView table(2, 1);
-    for (const char* text : {"1", "2", "3", "4"}) table.Add(text).SetSubItem(1, "same");
-    EXPECT_EQ(TextsOf(table), (Texts{"1", "2", "3", "4"}));
-    table.At(2).SetSubItem(1, "zz");
-    EXPECT_EQ(TextsOf(table), (Texts{"1", "3", "4", "2"}));
-    table.At(4).SetSubItem(1, "SAME");
-    EXPECT_EQ(TextsOf(table), (Texts{"1", "2", "3", "4"}));
-    table.At(3).AppendToSubItem(1, "!");
-    EXPECT_EQ(TextsOf(table), (Texts{"1", "2", "4", "3"}));
-    table.SortBy(ListView::kUnsorted);
-    EXPECT_EQ(TextsOf(table), (Texts{"1", "2", "3", "4"}));
-}
-
 TEST(ListView, NumbersOutsideTheTableAreErrors) {
     ListView table(2);
     ListRow& row = table.Add("a");
-    const auto number_of = [](const auto& work) {
-        try {
-            work();
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-        return 0;
-    };
-    EXPECT_EQ(number_of([&] { (void)table.At(0); }), 35600);
-    EXPECT_EQ(number_of([&] { (void)table.At(2); }), 35600);
-    EXPECT_EQ(number_of([&] { table.Remove(2); }), 35600);
-    EXPECT_EQ(number_of([&] { (void)row.SubItems(0); }), 9);
-    EXPECT_EQ(number_of([&] { (void)row.SubItems(2); }), 9);
-    EXPECT_EQ(number_of([&] { row.SetSubItem(2, "x"); }), 9);
-    EXPECT_EQ(number_of([&] { row.SetSubItem(-1, "x"); }), 9);
-    EXPECT_EQ(number_of([&] { row.AppendToSubItem(2, "x"); }), 9);
+    for (const int position : {0, 2}) {
+        EXPECT_EQ(test::NumberOf([&] { (void)table.At(position); }), 35600);
+        EXPECT_EQ(test::NumberOf([&] { table.Remove(position); }), 35600);
+    }
+    EXPECT_EQ(test::NumberOf([&] { (void)row.SubItems(0); }), 9);
+    for (const int column : {-1, 2}) {
+        EXPECT_EQ(test::NumberOf([&] { (void)row.SubItems(column); }), 9);
+        EXPECT_EQ(test::NumberOf([&] { row.SetSubItem(column, "x"); }), 9);
+        EXPECT_EQ(test::NumberOf([&] { row.AppendToSubItem(column, "x"); }), 9);
+    }
     EXPECT_EQ(table.Count(), 1);
-}
-
-TEST(ListView, RemovedRowIsNotSelected) {
-    ListView table(1, 0);
-    ListRow& b = table.Add("b");
-    ListRow& a = table.Add("a");
-    table.Select(&b);
-    table.Remove(table.PositionOf(a));
-    EXPECT_EQ(table.SelectedItem(), &b);
-    table.Remove(1);
-    EXPECT_EQ(table.SelectedItem(), nullptr);
-    table.Select(&table.Add("c"));
-    table.Clear();
-    EXPECT_EQ(table.SelectedItem(), nullptr);
-    EXPECT_EQ(table.Count(), 0);
-    EXPECT_EQ(table.FirstWith(0, "c"), nullptr);
 }
 
 TEST(ListView, SignalsTellWhatChanged) {
     ListView table(3, 1);
-    int rows = 0;
-    int row = 0;
-    int own = 0;
+    int rows = 0, row = 0, own = 0;
     table.rows_changed.Connect([&] { ++rows; });
     table.row_changed.Connect([&](ListRow&) { ++row; });
     table.changed.Connect([&] { ++own; });
     const auto expect = [&](const char* what, int rows_told, int row_told, int own_told) {
-        EXPECT_EQ(rows, rows_told) << what;
-        EXPECT_EQ(row, row_told) << what;
-        EXPECT_EQ(own, own_told) << what;
+        EXPECT_EQ((std::array{rows, row, own}), (std::array{rows_told, row_told, own_told}))
+            << what;
         rows = row = own = 0;
     };
     ListRow& added = table.Add("a");
@@ -108,7 +47,6 @@ TEST(ListView, SignalsTellWhatChanged) {
     expect("sort cell", 1, 0, 0);
     added.SetSubItem(2, "x");
     added.AppendToSubItem(2, "y");
-    EXPECT_EQ(added.SubItems(2), "xy");
     expect("other cell", 0, 2, 0);
     added.SetSubItem(2, "xy");
     added.SetSubItem(1, "key");
@@ -227,7 +165,9 @@ TEST_P(ListViewOperations, AgreeWithAPlainList) {
             table.SortBy(naive.sort_column);
         } else {
             naive.rows.clear();
+            table.Select(&table.At(1));
             table.Clear();
+            ASSERT_EQ(table.SelectedItem(), nullptr);
         }
         // Not after each step, so that several changes wait for their place.
         if (below(3) == 0) {
