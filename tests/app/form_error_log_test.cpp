@@ -45,8 +45,7 @@ TEST_F(ErrorLogTest, TheFileIsThatOfModeAndEdition) {
     const std::tuple<ErrorLogMode, bool, const char*, const char*> cases[] = {
         {ErrorLogMode::kStyleSheet, true, "Style Sheet File: javahelp.css", "p/javahelp.css"},
         {ErrorLogMode::kStyleSheet, false, "Style Sheet File: htmlhelp.css", "p/htmlhelp.css"},
-        {ErrorLogMode::kScript, false, "JavaScript File: master.js", "p/master.js"},
-    };
+        {ErrorLogMode::kScript, false, "JavaScript File: master.js", "p/master.js"}};
     for (const auto& [mode, javahelp, caption, file] : cases) {
         main.settings.is_javahelp_edition = javahelp;
         FormErrorLog cancelled(main, mode);

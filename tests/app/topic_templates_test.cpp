@@ -6,8 +6,6 @@
 #include <fstream>
 #include <iterator>
 #include <regex>
-#include <string>
-#include <vector>
 
 #include "platform/text.hpp"
 
@@ -103,17 +101,6 @@ TEST(TopicTemplates, TextsSuitEveryCodePageAndOldEditors) {
             const std::string without = ReplaceAll(text, kLineEnd, "");
             EXPECT_EQ(without.find_first_of("\r\n"), npos) << entry.path();
             EXPECT_FALSE(Contains(text, "://")) << "remote: " << entry.path();
-        }
-    }
-}
-
-TEST(TopicTemplates, TheSamplesHaveTheSupportFilesOfASave) {
-    for (const Family& family : Families()) {
-        for (const std::string& name : family.support_files) {
-            if (name == "report.css") continue;
-            EXPECT_EQ(Bytes(kSource / "samples" / family.name / name),
-                      Bytes(kSource / "templates" / family.name / name))
-                << name;
         }
     }
 }

@@ -1,14 +1,9 @@
 // The user guide is a help project: the program reads and saves it like those of the authors.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <map>
 #include <regex>
 #include <set>
-#include <string>
-#include <string_view>
-#include <vector>
 
 #include "contents/node_data.hpp"
 #include "platform/text.hpp"

@@ -54,8 +54,7 @@ TEST_F(Views, TheTreeTabsLockTheLeftSide) {
     const std::tuple<int, const char*, bool> cases[] = {
         {5, organize, false}, {7, wizard, false},
         {5, organize, false}, {4, "ListTopics WebBrowser1 ", true},
-        {7, wizard, false},   {1, "ListTopics DHTMLEdit1 ", true},
-    };
+        {7, wizard, false},   {1, "ListTopics DHTMLEdit1 ", true}};
     OpenGuide();
     main.window.TabStrip1.SelectedIndex = left_tab::kIndex;
     for (const auto& [tab, shown, is_free] : cases) {

@@ -1,5 +1,6 @@
 #include "contents/keyword_store.hpp"
 
+#include "contents/index_targets.hpp"
 #include "platform/text.hpp"
 #include "support/model_text.hpp"
 #include "support/project_fixture.hpp"
@@ -82,6 +83,34 @@ TEST_F(KeywordStore, RenamingReplacesTextInTheRowsOfThePath) {
     AddToIndex(main, "Old", "2", "b;c;");
     RenameTitleInIndex(main.keywords, KeywordsOfTopic(main.keywords, "1"), "New", "Old", "1");
     EXPECT_EQ(Rows(), (Lines{"a|a|New>1;:", "b|b|New>1;:New>2;:", "c|c|Old>2;:"}));
+}
+
+using namespace keyword_cell;
+
+ListRow& AddKey(ListView& table, const char* key, const char* targets) {
+    ListRow& row = table.Add(key);
+    row.SetSubItem(IDX_TITLEPATH, targets);
+    row.SetSubItem(IDX_FULLKEY, key);
+    return row;
+}
+
+TEST(IndexTargets, AreGroupsOfTitleAndPath) {
+    std::string joined;
+    for (const auto& [title, path] : IndexTargets("A>Z:\\a.htm;:no mark;:B>b.htm#x;:>c.htm")) {
+        joined += title + "|" + path + " ";
+    }
+    EXPECT_EQ(joined, "A|Z:\\a.htm B|b.htm#x |c.htm ");
+}
+
+TEST(SeeAlso, LeadsToTheKeyAsItIsSpelled) {
+    ListView table{3, IDX_FULLKEY};
+    AddKey(table, "main", "");
+    ListRow& sub = AddKey(table, "main    :sub", "T>t.htm;:");
+    AddKey(table, "MAIN    :SUB", "");
+    EXPECT_EQ(SeeAlsoRow(table, AddKey(table, "x", "SEE ALSO:   main:sub>rest")), &sub);
+    EXPECT_EQ(SeeAlsoRow(table, AddKey(table, "y", "SEE ALSO: missing>")), nullptr);
+    EXPECT_EQ(SeeAlsoRow(table, sub), nullptr);
+    EXPECT_FALSE(IsSeeAlso(sub));
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "formats/htmlhelp/hhc.hpp"
 
-#include <gtest/gtest.h>
-
 #include "contents/node_data.hpp"
 #include "platform/text.hpp"
 #include "support/model_text.hpp"
@@ -200,20 +198,6 @@ TEST_F(ContentsFile, IsWrittenOnlyWhenChanged) {
     EXPECT_FALSE(main.contents.toc_dirty);
     ReadTOC(main);
     EXPECT_EQ(main.window.StatusBar1.Panel(1), "Reading Table of Contents...");
-
-    main.outline.TreeDoc.Add(nullptr, NodeRelation::kChild, "Heading", 3, 3);
-    main.outline.doc_dirty = true;
-    WriteDocOutline(main);
-    EXPECT_TRUE(folder.Exists("guide.out"));
-    main.outline.TreeDoc.Clear();
-    ReadDocOutline(main);
-    EXPECT_EQ(main.outline.TreeDoc.At(1).Text, "Heading");
-}
-
-TEST_F(ContentsFile, AMissingOneIsLogged) {
-    main.project.hhcfile = folder.Windows("none.hhc");
-    ReadTOC(main);
-    EXPECT_EQ(log_lines, (std::vector<std::string>{"MainForm ReadTOC: 53 File not found"}));
 }
 
 TEST(NodeData, StopsAtAFieldWithoutItsSeparator) {

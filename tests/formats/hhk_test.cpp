@@ -1,7 +1,5 @@
 #include "formats/htmlhelp/hhk.hpp"
 
-#include <gtest/gtest.h>
-
 #include "platform/text.hpp"
 #include "support/model_text.hpp"
 #include "support/project_fixture.hpp"
@@ -147,9 +145,6 @@ TEST_F(IndexFile, IsAlwaysWrittenAndKeepsABackup) {
     EXPECT_EQ(folder.Read("guide.hhk.bak"), "old");
     ReadIndex(main);
     EXPECT_EQ(main.keywords.ListKeywords.Count(), 0);
-    main.project.hhkfile = folder.Windows("none.hhk");
-    ReadIndex(main);
-    EXPECT_EQ(log_lines, (std::vector<std::string>{"MainForm ReadIndex: 53 File not found"}));
 }
 
 }  // namespace

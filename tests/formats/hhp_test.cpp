@@ -1,7 +1,5 @@
 #include "formats/htmlhelp/hhp.hpp"
 
-#include <gtest/gtest.h>
-
 #include "platform/text.hpp"
 #include "support/project_fixture.hpp"
 

@@ -1,5 +1,4 @@
 // The readers of the four JavaHelp files.
-#include <gtest/gtest.h>
 
 #include "contents/node_data.hpp"
 #include "formats/javahelp/helpset.hpp"

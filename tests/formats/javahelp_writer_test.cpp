@@ -1,8 +1,6 @@
 // The writers of the four JavaHelp files.
-#include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
 
 #include "contents/node_data.hpp"
 #include "formats/javahelp/helpset.hpp"
@@ -305,46 +303,6 @@ TEST_F(JavaHelpFiles, OfTheSampleAreWrittenAsTheyWere) {
     WriteAll();
     for (std::size_t i = 0; i < names.size(); ++i) EXPECT_EQ(folder.Read(names[i]), before[i]);
     EXPECT_TRUE(folder.Exists("s/sourdoughIndex.xml.bak"));
-}
-
-/// What a real XML parser says.
-class XmlParser : public JavaHelpFiles {
-  protected:
-    void SetUp() override {
-        if (std::system("xmllint --version >/dev/null 2>&1") != 0) {
-            GTEST_SKIP() << "xmllint (package libxml2-utils) is not installed";
-        }
-    }
-    [[nodiscard]] std::string NotWellFormed() const {
-        std::string names;
-        for (const char* file : kFiles) {
-            const std::string command =
-                "xmllint --nonet --noout '" + folder.Native(file) + "' >/dev/null 2>&1";
-            if (std::system(command.c_str()) != 0) names.append(file).append(" ");
-        }
-        return names;
-    }
-};
-
-TEST_F(XmlParser, TakesTheFilesButWhereTheFormatsLeaveXml) {
-    KeywordState& keywords = main.keywords;
-    AddKeyword(keywords.ListKeywords, "\"key\":<sub>", "");
-    AddKeyword(keywords.ListKeywords, "last", "");
-    AddNode(main.contents.Tree1, &main.contents.Tree1.At(1), "<page> \"x\"", "a", "icon");
-    main.project.javahelp_do_fts = true;
-    WriteAll();
-    EXPECT_EQ(NotWellFormed(), "");
-
-    AddKeyword(keywords.ListKeywords, "last:sub", "");
-    WriteAll();
-    EXPECT_EQ(NotWellFormed(), "guideIndex.xml ") << "the last group stays open";
-    keywords.ListKeywords.Clear();
-    AddKeyword(keywords.ListKeywords, "R & D", "");
-    main.contents.Tree1.At(1).Text = "R & D";
-    AddTopic(main.topics, "T", "rd", folder.Windows("r&d.htm"));
-    main.project.project_title = "R & D";
-    WriteAll();
-    EXPECT_EQ(NotWellFormed(), "guide.hs guide.jhm guideTOC.xml guideIndex.xml ") << "a bare &";
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "formats/htmlhelp/map_files.hpp"
 
-#include <gtest/gtest.h>
-
 #include "support/project_fixture.hpp"
 
 namespace quorrel {

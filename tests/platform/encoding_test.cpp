@@ -2,10 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "platform/charset.hpp"
 #include "platform/topic_encoding.hpp"
 #include "platform/unicode.hpp"

@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <optional>
-#include <string>
-#include <vector>
 
 #include "platform/code_page.hpp"
 

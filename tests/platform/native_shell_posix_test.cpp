@@ -10,7 +10,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
-#include <string>
 #include <thread>
 
 #include "platform/text.hpp"
@@ -71,8 +70,7 @@ TEST_F(NativeShellTest, ArgumentsAreSplitAtBlanksOutsideOfQuotes) {
         {" \"a b\"c \"\" d\"\"\"e", "[a bc][][d\"e]"},
         {" C:\\x\\ \"C:\\y z\\\" *", "[C:\\x\\][C:\\y z\\][*]"},
         {" Z:\\none\\a.b z:/none/c Z: -o=Z:\\n", "[/none/a.b][/none/c][Z:][-o=Z:\\n]"},
-        {" $HOME `id` ;'", "[$HOME][`id`][;']"},
-    };
+        {" $HOME `id` ;'", "[$HOME][`id`][;']"}};
     for (const auto& [line, words] : cases) {
         EXPECT_EQ(OutputOf(folder.Windows("tool") + line), words) << line;
     }

@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <string>
-#include <string_view>
-
 #include "platform/native_file_system.hpp"
 #include "platform/profile_file.hpp"
 #include "platform/profile_store.hpp"

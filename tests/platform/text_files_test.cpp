@@ -4,8 +4,6 @@
 
 #include <new>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 #include "platform/failure.hpp"
 #include "platform/native_file_system.hpp"

@@ -2,11 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <limits>
-#include <string>
-#include <string_view>
-#include <vector>
 
 #include "platform/text_lines.hpp"
 #include "platform/unicode.hpp"
@@ -103,14 +99,12 @@ TEST(Unicode, AsciiIsSeenAtEveryOffset) {
 }
 
 TEST(Unicode, EqualWhateverTheCase) {
-    const std::pair<std::string_view, std::string_view> same[] = {
-        {"Readme.HTM", "rEADME.htm"},
-        {"ёлка", "ЁЛКА"},
-        {"ΣΊΣΥΦΟΣ", "σίσυφος"},
-        {"ÿ", "Ÿ"},
-        {"ı", "i"},
-        {"𐐀", "𐐨"},
-    };
+    const std::pair<std::string_view, std::string_view> same[] = {{"Readme.HTM", "rEADME.htm"},
+                                                                  {"ёлка", "ЁЛКА"},
+                                                                  {"ΣΊΣΥΦΟΣ", "σίσυφος"},
+                                                                  {"ÿ", "Ÿ"},
+                                                                  {"ı", "i"},
+                                                                  {"𐐀", "𐐨"}};
     for (const auto& [a, b] : same) {
         EXPECT_EQ(CompareIgnoringCase(a, b), 0) << a << " " << b;
         EXPECT_EQ(HashIgnoringCase(a), HashIgnoringCase(b)) << a << " " << b;

@@ -10,14 +10,7 @@
 namespace quorrel::test {
 namespace {
 
-class NewProject : public TopicFixture {
-  protected:
-    void InDialog(std::function<void(FormCreateProject&)> work) {
-        screen.ExpectForm("FormCreateProject", [work = std::move(work)](Form& form) {
-            work(static_cast<FormCreateProject&>(form));
-        });
-    }
-};
+using NewProject = TopicFixture;
 
 TEST_F(NewProject, OfHtmlHelpHasItsFirstTopicAndIsWrittenByTheFirstSave) {
     OpenDemo();
@@ -27,7 +20,7 @@ TEST_F(NewProject, OfHtmlHelpHasItsFirstTopicAndIsWrittenByTheFirstSave) {
     screen.ExpectMessage(
         "The current project has been modified.\r\n\r\nDo you want to save changes?",
         MessageAnswer::kNo);
-    InDialog([&](FormCreateProject& form) {
+    InDialog<FormCreateProject>("FormCreateProject", [&](FormCreateProject& form) {
         EXPECT_EQ(form.LabelProject.Caption(), "Help Project (.hhp) File");
         screen.ExpectFileDialog(folder.Windows("new/inner/guide"));
         form.Command1_Click();
@@ -69,7 +62,7 @@ TEST_F(NewProject, OfJavaHelpReplacesTheOldOneByItsFirstSave) {
     folder.Write("java/guide.hs", "old");
     folder.Write("java/guideIndex.xml", "old");
     FormStartup startup(main);
-    InDialog([&](FormCreateProject& form) {
+    InDialog<FormCreateProject>("FormCreateProject", [&](FormCreateProject& form) {
         EXPECT_EQ(form.LabelTitle.Caption(), "HelpSet Title");
         form.EditProject.Text = folder.Windows("java/guide.hs");
         form.EditTitle.Text = std::string("Guide");
@@ -94,7 +87,7 @@ TEST_F(NewProject, OfJavaHelpReplacesTheOldOneByItsFirstSave) {
 TEST_F(NewProject, AFolderThatCannotBeMadeIsTold) {
     LoadSettings(main, "html");
     folder.Write("file", "");
-    InDialog([&](FormCreateProject& form) {
+    InDialog<FormCreateProject>("FormCreateProject", [&](FormCreateProject& form) {
         form.EditProject.Text = folder.Windows("file/inner/guide.hhp");
         screen.ExpectMessage("The folder " + folder.Native("file/inner") +
                              " could not be made.\r\n\r\nFormCreateProject OKButton_Click: 58 File "

@@ -2,9 +2,6 @@
 // states are equal but for what the formats have no place for: the tables below, all of it.
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "contents/index_targets.hpp"
 #include "contents/node_data.hpp"
 #include "platform/text.hpp"

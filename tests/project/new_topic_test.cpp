@@ -55,7 +55,6 @@ TEST_F(NewTopic, ComesFromATemplateIntoTableIndexContentsAndFolder) {
     EXPECT_EQ(GetProj(main, "Settings", "prefix list", ""), "IDH_,");
 
     folder.Write("demo/html/master.js", "mine");
-    folder.Write("inst/Topic Templates/htmlhelp/master.js", "newer");
     InNewTopic([&](FormNewTopic& form) {
         EXPECT_EQ(form.ComboPrefix.List(), std::vector<std::string>{"IDH_"});
         EXPECT_EQ(form.EditInteger.Text(), "1001");
@@ -183,8 +182,7 @@ TEST_F(NewTopic, AJavaHelpTopicHasNoNumberAndGoesToItsFolder) {
     InNewTopic([&](FormNewTopic& form) {
         EXPECT_EQ(form.LabelAlias.Caption(), "MapID");
         EXPECT_FALSE(form.EditInteger.Visible());
-        screen.ExpectForm("FormNewFolder", [&](Form& dialog) {
-            auto& new_folder = static_cast<FormNewFolder&>(dialog);
+        InDialog<FormNewFolder>("FormNewFolder", [&](FormNewFolder& new_folder) {
             new_folder.Text1.Text = std::string("..");
             new_folder.OKButton_Click();
             EXPECT_EQ(form.Dir1.Path(), folder.Windows("java")) << "steps up are taken at once";

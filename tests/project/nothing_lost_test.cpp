@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <string>
-#include <vector>
 
 #include "contents/keyword_store.hpp"
 #include "formats/htmlhelp/hhc.hpp"

@@ -1,10 +1,9 @@
 #include "project/open_project.hpp"
 
-#include <algorithm>
-
 #include "app/startup.hpp"
 #include "contents/node_data.hpp"
 #include "platform/text.hpp"
+#include "project/open_topic.hpp"
 #include "support/project_fixture.hpp"
 
 namespace quorrel {
@@ -127,6 +126,16 @@ TEST_F(OpenProject, ARemoteFirstItemIsOnlyTold) {
     EXPECT_EQ(main.editor.main_path, "");
 }
 
+TEST_F(OpenProject, ATopicIsNamedInFullOrBelowTheProject) {
+    WriteProject();
+    Open(kProject);
+    OpenTopic(main, folder.Windows("p/html/b.htm") + "#mark");
+    EXPECT_EQ(surface.DocumentHTML(), folder.Read("p/Html/b.htm"));
+    OpenTopic(main, "html\\a.htm#mark");
+    OpenTopic(main, "#only a mark");
+    EXPECT_EQ(main.editor.main_path, folder.Windows("p/html/a.htm"));
+}
+
 TEST_F(OpenProject, TheWorkingCopyIsLoadedWhenTheTopicIsMissing) {
     WriteProject();
     std::filesystem::remove(folder.Native("p/Html/A.HTM"));
@@ -174,10 +183,8 @@ TEST_F(OpenProject, DamagedFilesAreReadAsFarAsTheyGo) {
         "[FILES]\r#include\r" + ten_megabytes + "\r;Title=" + ten_megabytes,
         "[OPTIONS]\nTitle=a" + nul + "b\n[FILES]\na" + nul +
             ".htm\n[ALIAS]\n#include guide.hhp\n[MAP]\n#include guide.hhp",
-        "\xEF\xBB\xBF[OPTIONS]\nTitle=\xC3\xA9\n",
-        "\xFF\xFE[" + nul,
-        std::string(200000, '[') + "\n" + std::string(200000, '='),
-    };
+        "\xEF\xBB\xBF[OPTIONS]\nTitle=\xC3\xA9\n", "\xFF\xFE[" + nul,
+        std::string(200000, '[') + "\n" + std::string(200000, '=')};
     for (const std::string& text : cases) {
         folder.Write("p/guide.hhp", text);
         folder.Write("p/guide.hhc", text);

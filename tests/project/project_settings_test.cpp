@@ -9,19 +9,12 @@
 namespace quorrel::test {
 namespace {
 
-class ProjectOptions : public TopicFixture {
-  protected:
-    void InDialog(std::function<void(FormProjectSettings&)> work) {
-        screen.ExpectForm("FormProjectSettings", [work = std::move(work)](Form& form) {
-            work(static_cast<FormProjectSettings&>(form));
-        });
-    }
-};
+using ProjectOptions = TopicFixture;
 
 TEST_F(ProjectOptions, OfHtmlHelpGoToProjectAndSettings) {
     OpenDemo();
     main.project.ProjSettingsTab = 3;
-    InDialog([&](FormProjectSettings& form) {
+    InDialog<FormProjectSettings>("FormProjectSettings", [&](FormProjectSettings& form) {
         EXPECT_EQ(form.tbsOptions.SelectedIndex(), 1) << "the command begins at the first page";
         EXPECT_EQ(form.tbsOptions.TabCaption(3), "HTML Help Utilities");
         EXPECT_EQ(form.EditTOCFile.Text(), "demo.hhc");
@@ -56,7 +49,7 @@ TEST_F(ProjectOptions, OfHtmlHelpGoToProjectAndSettings) {
     EXPECT_EQ(main.settings.hhc, "Z:\\usr\\bin\\chmcmd");
 
     main.project.ProjSettingsTab = 3;
-    InDialog([](FormProjectSettings& form) {
+    InDialog<FormProjectSettings>("FormProjectSettings", [](FormProjectSettings& form) {
         EXPECT_EQ(form.tbsOptions.SelectedIndex(), 3);
         form.cmdCancel_Click();
     });
@@ -72,11 +65,10 @@ TEST_F(ProjectOptions, OfJavaHelpReplaceTheImages) {
                                    {"photo", "Images\\photo.jpg"}}) {
         main.topics.ListAliases.Add(id).SetSubItem(alias_cell::kPath, path);
     }
-    InDialog([&](FormProjectSettings& form) {
+    InDialog<FormProjectSettings>("FormProjectSettings", [&](FormProjectSettings& form) {
         EXPECT_EQ(form.LabelHomeID.Caption(), "Default Topic (MapID)");
         ASSERT_EQ(form.ListAliases.Count(), 2);
-        screen.ExpectForm("FormAddGraphic", [&](Form& dialog) {
-            auto& add = static_cast<FormAddGraphic&>(dialog);
+        InDialog<FormAddGraphic>("FormAddGraphic", [&](FormAddGraphic& add) {
             screen.ExpectMessage("You must enter both a graphic path and a MapID");
             add.OKButton_Click();
             screen.ExpectFileDialog(folder.Windows("java/Images/open.book.gif"));

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "app/commands.hpp"
 #include "contents/keyword_store.hpp"
 #include "contents/node_data.hpp"

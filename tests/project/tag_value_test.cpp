@@ -51,19 +51,17 @@ TEST(TagValue, IsWrittenIntoTheTag) {
         const char *text, *attribute, *value;
         TagMode mode;
         const char* result;
-    } cases[] = {
-        {"<IMG SRC=a.gif ALT=b>", "ALT", "", W, "<IMG SRC=a.gif >"},
-        {"<IMG SRC=a.gif ALT=b>", "SRC", "c.gif", W, "<IMG SRC=c.gif ALT=b>"},
-        {"<IMG SRC=\"a\" ALT=b>rest", "SRC", "\"c\"", W, "<IMG SRC=\"c\" ALT=b>rest"},
-        {"<IMG SRC=\"a\" ALT=b>", "SRC", "c", W, "<IMG SRC=c ALT=b>"},
-        {"<TD>x", "WIDTH", "\"50%\"", W, "<TD WIDTH=\"50%\">x"},
-        {"<TD>x", "WIDTH", "", W, "<TD>x"},
-        {"<TD NOWRAP>x", "NOWRAP", "y", W, "<ON>"},
-        {"<TD>x", "NOWRAP", "1", F, "<TD NOWRAP>x"},
-        {"<TD>x", "NOWRAP", "0", F, "<TD>x"},
-        {"<TD NOWRAP WRONG>x", "NOWRAP", "1", F, "<TD NOWRAP>x"},
-        {"<TD NOWRAP>x", "NOWRAP", "", F, "<TD >x"},
-    };
+    } cases[] = {{"<IMG SRC=a.gif ALT=b>", "ALT", "", W, "<IMG SRC=a.gif >"},
+                 {"<IMG SRC=a.gif ALT=b>", "SRC", "c.gif", W, "<IMG SRC=c.gif ALT=b>"},
+                 {"<IMG SRC=\"a\" ALT=b>rest", "SRC", "\"c\"", W, "<IMG SRC=\"c\" ALT=b>rest"},
+                 {"<IMG SRC=\"a\" ALT=b>", "SRC", "c", W, "<IMG SRC=c ALT=b>"},
+                 {"<TD>x", "WIDTH", "\"50%\"", W, "<TD WIDTH=\"50%\">x"},
+                 {"<TD>x", "WIDTH", "", W, "<TD>x"},
+                 {"<TD NOWRAP>x", "NOWRAP", "y", W, "<ON>"},
+                 {"<TD>x", "NOWRAP", "1", F, "<TD NOWRAP>x"},
+                 {"<TD>x", "NOWRAP", "0", F, "<TD>x"},
+                 {"<TD NOWRAP WRONG>x", "NOWRAP", "1", F, "<TD NOWRAP>x"},
+                 {"<TD NOWRAP>x", "NOWRAP", "", F, "<TD >x"}};
     for (const auto& [text, attribute, value, mode, result] : cases) {
         EXPECT_EQ(TagValue(text, 1, attribute, value, mode), result) << text << " " << value;
     }

@@ -40,11 +40,14 @@ class TopicFixture : public ProjectFixture {
     [[nodiscard]] std::string Demo(std::string_view file) const {
         return folder.Windows("demo") + "\\" + std::string(file);
     }
-    /// What is done in the dialog for the next new topic.
+    /// What is done in the next dialog, which has this name.
+    template <typename Dialog>
+    void InDialog(const char* name, std::function<void(Dialog&)> work) {
+        screen.ExpectForm(
+            name, [work = std::move(work)](Form& form) { work(static_cast<Dialog&>(form)); });
+    }
     void InNewTopic(std::function<void(FormNewTopic&)> work) {
-        screen.ExpectForm("FormNewTopic", [work = std::move(work)](Form& form) {
-            work(static_cast<FormNewTopic&>(form));
-        });
+        InDialog<FormNewTopic>("FormNewTopic", std::move(work));
     }
     ListView& Topics() { return main.topics.ListTopics; }
     ListRow& Topic(std::string_view file) {

@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <random>
-#include <string>
-#include <vector>
 
 #include "platform/controls/control.hpp"
 #include "support/error_number.hpp"
@@ -59,16 +57,6 @@ TEST(TreeView, NodesStandAsTheirRelationSays) {
     EXPECT_EQ(Shape(tree.Roots()), "a,b,c,d(w,x,y,z)");
     EXPECT_EQ(Flat(tree), "bdcaxzyw");
     EXPECT_EQ(b.SelectedImage, 2);
-}
-
-TEST(TreeView, FullPathJoinsTheCaptions) {
-    TreeView tree;
-    TreeNode& root = tree.Add(nullptr, kChild, "", 0, 0);
-    TreeNode& child = tree.Add(&root, kChild, "a b", 0, 0);
-    EXPECT_EQ(root.FullPath(), "");
-    EXPECT_EQ(child.FullPath(), "\\a b");
-    root.Text = "top";
-    EXPECT_EQ(tree.Add(&child, kChild, "c", 0, 0).FullPath(), "top\\a b\\c");
 }
 
 TEST(TreeView, SubtreeMovesWithItsNode) {
