@@ -86,16 +86,6 @@ TEST_F(Views, TheContentsTreeMovesToTheRightAndBack) {
     EXPECT_EQ(moves, 2);
 }
 
-TEST_F(Views, TheIconsAreTheProjectsPictures) {
-    const std::pair<const char*, const char*> aliases[] = {
-        {"top", "images\\TOP.GIF"}, {"topic", "a.htm"}, {"photo", "p.jpg"}};
-    for (const auto& [id, path] : aliases) {
-        main.topics.ListAliases.Add(id).SetSubItem(alias_cell::kPath, path);
-    }
-    GoTo(right_tab::kOrganizeTOC);
-    EXPECT_EQ(main.window.ComboIcon.List(), (std::vector<std::string>{"Default", "top", "photo"}));
-}
-
 TEST_F(Views, KeywordsAreAddedFromTheIndexOnly) {
     OpenGuide();
     for (const int left : {left_tab::kIndex, left_tab::kTopics}) {

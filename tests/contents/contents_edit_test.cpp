@@ -120,10 +120,11 @@ TEST_F(ContentsEdit, JavaHelpFindsOrMakesTheMapId) {
     }
     main.topics.ListAliases.Add("pic").SetSubItem(alias_cell::kPath, "C:\\p\\x.GIF");
     main.topics.ListAliases.Add("page").SetSubItem(alias_cell::kPath, "C:\\p\\x.htm");
+    main.topics.ListAliases.Add("photo").SetSubItem(alias_cell::kPath, "p.jpg");
     Node("b").Tag = PackNodeData("C:\\p\\b.htm", "", "pic");
     Select("b");
     window.TabStrip2.SelectedIndex = right_tab::kOrganizeTOC;
-    EXPECT_EQ(window.ComboIcon.List(), (std::vector<std::string>{"Default", "pic"}));
+    EXPECT_EQ(window.ComboIcon.List(), (std::vector<std::string>{"Default", "pic", "photo"}));
     EXPECT_EQ(window.ComboIcon.Text(), "pic");
     Select("a");
     TreeNodeChanged(main);
@@ -137,7 +138,7 @@ TEST_F(ContentsEdit, JavaHelpFindsOrMakesTheMapId) {
     for (int i = 0; i < 2; ++i) {
         SaveTOCProperties(main);
         EXPECT_EQ(Node("a").Tag, "C:\\p\\a.htm#m#^#first_m#^#pic#^#");
-        EXPECT_EQ(main.topics.ListAliases.Count(), 3);
+        EXPECT_EQ(main.topics.ListAliases.Count(), 4);
     }
 }
 

@@ -42,12 +42,7 @@ TEST(CodePages, EveryByteComesBack) {
 }
 
 TEST(CodePages, EachReadsItsOwnLetters) {
-    struct Case {
-        int page;
-        const char* bytes;
-        const char* text;
-    };
-    const Case cases[] = {
+    const std::tuple<int, const char*, const char*> cases[] = {
         {1250, "\xBE\xE8", "ľč"},
         {1251, "\xC6\xE6\xB8", "Жжё"},
         {1253, "\xD9\xF2\xDC", "Ωςά"},
@@ -65,7 +60,7 @@ TEST(CodePages, EachReadsItsOwnLetters) {
         {20866, "\xD4\xC5\xD3\xD4", "тест"},
         {21866, "\xA4\xA7", "єї"},
         {51932, "\xA5\xC6\x8E\xB1", "テｱ"}};
-    for (const Case& c : cases) EXPECT_EQ(Decoded(c.bytes, c.page), c.text) << "page " << c.page;
+    for (const auto& [page, bytes, text] : cases) EXPECT_EQ(Decoded(bytes, page), text) << page;
 }
 
 TEST(CodePages, ByteWithoutMeaningIsKept) {
@@ -88,23 +83,20 @@ TEST(ProjectText, FormIsFoundAndKept) {
 }
 
 TEST(ProjectText, Utf16IsKeptToTheLastByte) {
-    struct Case {
-        std::string little;  // behind the mark
-        std::string text;
-    };
     using namespace std::string_literals;
-    const Case cases[] = {{""s, ""},
-                          {"a\0\r\0\n\0"s, "a\r\n"},
-                          {"\x36\x04\xAC\x20"s, "ж€"},
-                          {"\x3D\xD8\x00\xDE"s, "😀"},
-                          {"a\0\x3D\xD8"s, "a" + Lone(0x3D) + Lone(0xD8)},
-                          {"\x3D\xD8z\0"s, Lone(0x3D) + Lone(0xD8) + "z"},
-                          {"\x00\xDE\x3D\xD8"s, Lone(0x00) + Lone(0xDE) + Lone(0x3D) + Lone(0xD8)},
-                          {"\x3D\xD8\x3D\xD8\x00\xDE"s, Lone(0x3D) + Lone(0xD8) + "😀"}};
-    for (const Case& c : cases) {
-        EXPECT_EQ(Decoded("\xFF\xFE" + c.little, 1252, Form::kUtf16LittleEndian), c.text);
-        EXPECT_EQ(Decoded("\xFF\xFE" + c.little + "x", 1252, Form::kUtf16LittleEndian),
-                  c.text + Lone('x'));
+    const std::pair<std::string, std::string> cases[] = {
+        {""s, ""},
+        {"a\0\r\0\n\0"s, "a\r\n"},
+        {"\x36\x04\xAC\x20"s, "ж€"},
+        {"\x3D\xD8\x00\xDE"s, "😀"},
+        {"a\0\x3D\xD8"s, "a" + Lone(0x3D) + Lone(0xD8)},
+        {"\x3D\xD8z\0"s, Lone(0x3D) + Lone(0xD8) + "z"},
+        {"\x00\xDE\x3D\xD8"s, Lone(0x00) + Lone(0xDE) + Lone(0x3D) + Lone(0xD8)},
+        {"\x3D\xD8\x3D\xD8\x00\xDE"s, Lone(0x3D) + Lone(0xD8) + "😀"}};
+    for (const auto& [behind_mark, text] : cases) {
+        const std::string bytes = "\xFF\xFE" + behind_mark;
+        EXPECT_EQ(Decoded(bytes, 1252, Form::kUtf16LittleEndian), text);
+        EXPECT_EQ(Decoded(bytes + "x", 1252, Form::kUtf16LittleEndian), text + Lone('x'));
     }
     EXPECT_EQ(Decoded("\xFE\xFF\0a\x04\x36\xD8\x3D\xDE\0\xD8"s, 1252, Form::kUtf16BigEndian),
               "aж😀" + Lone(0xD8));
@@ -150,12 +142,7 @@ TEST(LanguageOption, NumberDecides) {
 }
 
 TEST(TopicEncoding, MarkThenDeclarationThenUtf8ThenPage) {
-    struct Case {
-        std::string_view bytes;
-        Form form;
-        int page;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string_view, Form, int> cases[] = {
         {"<html>", Form::kAnsi, 1250},
         {"<p>gr\xFC\xDF", Form::kAnsi, 1250},
         {"<p>grüß", Form::kUtf8, 1250},
@@ -173,11 +160,10 @@ TEST(TopicEncoding, MarkThenDeclarationThenUtf8ThenPage) {
         {"\xEF\xBB\xBF<meta charset=shift_jis>", Form::kUtf8WithMark, 1250},
         {"\xFF\xFE<", Form::kUtf16LittleEndian, 1250},
         {"\xFE\xFF", Form::kUtf16BigEndian, 1250}};
-    for (const Case& c : cases) {
-        const TextEncoding found = TopicEncoding(c.bytes, 1250);
-        EXPECT_EQ(static_cast<int>(found.form), static_cast<int>(c.form)) << c.bytes;
-        if (c.form != Form::kAnsi) continue;
-        EXPECT_EQ(found.code_page, c.page) << c.bytes;
+    for (const auto& [bytes, form, page] : cases) {
+        const TextEncoding found = TopicEncoding(bytes, 1250);
+        EXPECT_EQ(static_cast<int>(found.form), static_cast<int>(form)) << bytes;
+        EXPECT_EQ(form == Form::kAnsi ? found.code_page : page, page) << bytes;
     }
 }
 

@@ -94,9 +94,6 @@ TEST_F(SaveProjectTest, ThePromptSavesDiscardsOrStays) {
     EXPECT_EQ(PromptSaveChanges(main), save_prompt::kCancelled);
     screen.ExpectMessage(kQuestion, MessageAnswer::kCancel);
     EXPECT_FALSE(Form_QueryUnload(main));
-    main.project.recent_proj = folder.Windows("p/guide.hhp");
-    screen.ExpectMessage(kQuestion, MessageAnswer::kCancel);
-    OpenProject_Click(main);
     EXPECT_EQ(surface.DocumentHTML(), kChanged);
 
     ASSERT_TRUE(SetDirty(main));

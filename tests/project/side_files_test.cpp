@@ -63,17 +63,6 @@ TEST_F(SideFiles, AnEmptyStatusClearsAnEntryAndMakesNone) {
     EXPECT_EQ(folder.Read("p/guide.stn"), "[status]\r\nintro.htm=\r\n");
 }
 
-TEST_F(SideFiles, ProjectKeysAreCutAt299Characters) {
-    EXPECT_EQ(Gethhp(main, "options", "TITLE", ""), "Guide");
-    std::string umlauts;
-    for (int i = 0; i < 400; ++i) umlauts += "\xC3\xBC";
-    SetProj(main, "Settings", "html", umlauts);
-    EXPECT_EQ(GetProj(main, "Settings", "html", "x"), umlauts.substr(0, 2 * 299));
-    // The side file is in the code page.
-    EXPECT_EQ(folder.Read("p/guide.prj"),
-              "[Settings]\r\nhtml=" + std::string(400, '\xFC') + "\r\n");
-}
-
 TEST_F(SideFiles, TheImageMapCountIsKeptByTheMachine) {
     EXPECT_EQ(ReadImageMapCount(main), 0);
     EXPECT_TRUE(WriteImageMapCount(main, 7));

@@ -5,7 +5,6 @@
 
 #include "platform/text.hpp"
 #include "platform/unicode.hpp"
-#include "project/find_topic.hpp"
 #include "project/keyword_cell.hpp"
 #include "project/project_state.hpp"
 #include "project/topic_path_finder.hpp"
@@ -19,16 +18,6 @@ ListRow& AddTopic(ListView& topics, std::string title, std::string path, std::st
     row.SetSubItem(topic_cell::kFullPath, std::move(path));
     row.SetSubItem(topic_cell::kMapId, std::move(id));
     return row;
-}
-
-TEST(FindTopic, IgnoresCaseAndGivesTheFirstRow) {
-    TopicTables tables;
-    AddTopic(tables.ListTopics, "b", "C:\\p\\\xC3\x84.htm", "one");
-    AddTopic(tables.ListTopics, "a", "c:\\P\\\xC3\xA4.HTM", "ONE");
-    EXPECT_EQ(FindTopic(tables.ListTopics, "C:\\P\\\xC3\xA4.htm"), 1);
-    EXPECT_EQ(FindAlias(tables.ListTopics, "One"), 1);
-    EXPECT_EQ(tables.ListTopics.At(1).Text(), "a");
-    EXPECT_EQ(FindTopic(tables.ListTopics, "C:\\p"), -1);
 }
 
 /// The identifiers after the repair of topics with these paths and identifiers.

@@ -59,20 +59,14 @@ TEST(TreeView, NodesStandAsTheirRelationSays) {
     EXPECT_EQ(b.SelectedImage, 2);
 }
 
-TEST(TreeView, SubtreeMovesWithItsNode) {
+TEST(TreeView, RefusesCyclesAndNumbersOutsideOfIt) {
     TreeView tree;
     TreeNode& a = tree.Add(nullptr, kChild, "a", 0, 0);
     TreeNode& b = tree.Add(&a, kChild, "b", 0, 0);
-    tree.Add(&b, kChild, "c", 0, 0);
-    TreeNode& d = tree.Add(nullptr, kChild, "d", 0, 0);
-    EXPECT_EQ(test::NumberOf([&] { tree.SetParent(a, &b); }), 5) << "a cycle";
-    for (const int number : {0, 5}) {
+    EXPECT_EQ(test::NumberOf([&] { tree.SetParent(a, &b); }), 5);
+    for (const int number : {0, 3}) {
         EXPECT_EQ(test::NumberOf([&] { (void)tree.At(number); }), 35600);
     }
-    EXPECT_EQ(Shape(tree.Roots()), "a(b(c)),d");
-    tree.SetParent(b, &d);
-    EXPECT_EQ(Shape(tree.Roots()), "a,d(b(c))");
-    EXPECT_EQ(Flat(tree), "abcd");
     tree.Select(&b);
     tree.Clear();
     EXPECT_EQ(tree.Count(), 0);
