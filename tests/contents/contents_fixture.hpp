@@ -1,7 +1,6 @@
 // A main form with a small tree of contents, shown in rows of 240 twips.
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>

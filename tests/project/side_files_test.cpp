@@ -31,16 +31,16 @@ class SideFiles : public test::ProjectFixture {
 };
 
 TEST_F(SideFiles, StatusAndNotesAreSplitAtTheFirstComma) {
-    Store("2,check, then||print");
-    EXPECT_EQ(Get(), (Shown{2, "check, then\r\nprint", "check, then print", true}));
-    Store(",x");
-    EXPECT_EQ(Get(), (Shown{0, "", "", true}));
-    Store(",xy");
-    EXPECT_EQ(Get(), (Shown{0, "xy", "xy", true}));
-    Store("3");
-    EXPECT_EQ(Get(), (Shown{0, "", "", true}));
-    Store("");
-    EXPECT_EQ(Get(), (Shown{0, "", "", false}));
+    const std::pair<const char*, Shown> cases[] = {
+        {"2,check, then||print", {2, "check, then\r\nprint", "check, then print", true}},
+        {",x", {0, "", "", true}},
+        {",xy", {0, "xy", "xy", true}},
+        {"3", {0, "", "", true}},
+        {"", {0, "", "", false}}};
+    for (const auto& [stored, shown] : cases) {
+        Store(stored);
+        EXPECT_EQ(Get(), shown) << stored;
+    }
 }
 
 TEST_F(SideFiles, ALongNoteIsCutAndItsToolTipShortened) {

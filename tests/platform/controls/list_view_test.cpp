@@ -65,7 +65,6 @@ TEST(ListView, SignalsTellWhatChanged) {
 class NaiveList {
   public:
     struct Row {
-        int number;
         ListRow* row;
         std::array<std::string, 3> cells;
     };
@@ -130,13 +129,12 @@ TEST_P(ListViewOperations, AgreeWithAPlainList) {
     NaiveList naive;
     naive.sort_column = static_cast<int>(below(4)) - 1;
     ListView table(3, naive.sort_column);
-    int additions = 0;
     for (int step = 0; step < 500; ++step) {
         const std::size_t action = below(100);
         const std::string key = keys[below(keys.size())];
         if (naive.rows.empty() || action < 35) {
             ListRow& row = table.Add(key);
-            naive.rows.push_back({++additions, &row, {key, "", ""}});
+            naive.rows.push_back({&row, {key, "", ""}});
         } else if (action < 75) {
             const std::size_t column = below(3);
             NaiveList::Row& changed = naive.rows[below(naive.rows.size())];
