@@ -48,6 +48,7 @@ class TopicKeywords : public ProjectFixture {
         return keys;
     }
 };
+
 TEST_F(TopicKeywords, KeysAreTypedEditedAndDeleted) {
     WindowControls& window = main.window;
     int focused = 0;
