@@ -216,6 +216,23 @@ TEST_F(SaveProjectTest, PropertiesReachRowTitleTagAndStore) {
     const ListRow& row = main.topics.ListTopics.At(main.topics.current_topic_index);
     EXPECT_EQ(row.SubItems(topic_cell::kKeywords), "key    :sub;");
     EXPECT_EQ(main.keywords.ListKeywords.Count(), 2);
+
+    // Renamed again, respelled, and a key taken off.
+    LoadTopicProperties(main);
+    ASSERT_EQ(main.window.ListKeys.List(), std::vector<std::string>{"key:sub"});
+    main.window.EditTitle.Text = "Third";
+    main.window.ListKeys.Clear();
+    main.window.ListKeys.AddItem("key:SUB");
+    SaveTopicProperties(main);
+    const ListRow* sub =
+        main.keywords.ListKeywords.FirstWith(keyword_cell::IDX_FULLKEY, "key    :sub");
+    ASSERT_NE(sub, nullptr);
+    EXPECT_EQ(sub->SubItems(keyword_cell::IDX_TITLEPATH),
+              "Third>" + folder.Windows("p/a.htm") + ";:");
+    EXPECT_EQ(main.project.help_mode, 1);
+    main.window.ListKeys.Clear();
+    SaveTopicProperties(main);
+    EXPECT_EQ(main.keywords.ListKeywords.Count(), 0);
 }
 
 }  // namespace
