@@ -4,6 +4,7 @@
 #include <QWebEngineView>
 
 #include "app/startup.hpp"
+#include "ui/engine_page.hpp"
 
 namespace quorrel::test {
 namespace {
@@ -91,14 +92,7 @@ void WindowFixture::StartAndOpen() {
 QString WindowFixture::TopicText() {
     QWebEngineView* view = run->surface.View();
     if (view == nullptr) return {};
-    QString text;
-    bool is_there = false;
-    view->page()->toPlainText([&](const QString& result) {
-        text = result;
-        is_there = true;
-    });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return is_there; }, 20000));
-    return text;
+    return ValueOf(*view->page(), "document.body ? document.body.innerText : ''").toString();
 }
 
 bool WindowFixture::TopicShows(const QString& text) {
