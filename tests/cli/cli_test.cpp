@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli_fixture.hpp"
+#include "platform/text.hpp"
 
 namespace quorrel {
 namespace {
@@ -53,9 +54,7 @@ TEST_F(Cli, DumpsAProject) {
     EXPECT_EQ(outcome.code, 0);
     EXPECT_EQ(outcome.err, "MainForm OpenProject Click: 35600 Index out of bounds\n");
     const auto json = [&](std::string_view name) {
-        std::string text;
-        for (const char c : folder.Windows(name)) text += c == '\\' ? "\\\\" : std::string(1, c);
-        return "\"" + text + "\"";
+        return "\"" + ReplaceAll(folder.Windows(name), "\\", "\\\\") + "\"";
     };
     EXPECT_EQ(
         outcome.out,

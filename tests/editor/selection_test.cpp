@@ -103,16 +103,16 @@ TEST_F(SelectionTest, ASelectionBeyondACellIsMarkedAtItsElement) {
     const std::string selected = Selected();
     GetSelection(main);
     EXPECT_TRUE(main.editor.multi_cell_selection);
-    EXPECT_EQ(main.editor.SelStart, static_cast<std::int64_t>(html.find("one")) + 1);
+    EXPECT_EQ(main.editor.SelStart, Characters(html.substr(0, html.find("one"))) + 1);
     // The marker is before the selection: the length is that of all that is selected.
-    EXPECT_EQ(main.editor.SelLen, static_cast<std::int64_t>(selected.size()));
+    EXPECT_EQ(main.editor.SelLen, Characters(selected));
     EXPECT_EQ(main.editor.docbuf, html);
     EXPECT_EQ(surface.DocumentHTML(), html);
     EXPECT_EQ(Selected(), selected);
     surface.SelectFirst("one</td><td>tw");
     GetSelection(main);
     // Here it is in the selection, and what is behind its first character counts.
-    EXPECT_EQ(main.editor.SelLen, static_cast<std::int64_t>(Selected().size()) + 7);
+    EXPECT_EQ(main.editor.SelLen, Characters(Selected()) + 7);
 }
 
 TEST_F(SelectionTest, AControlGetsNoMarkerAndTakesNoEditBack) {

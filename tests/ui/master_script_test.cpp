@@ -81,11 +81,10 @@ class MasterScript : public testing::Test {
     }
     /// Clicks where the element has its text, or `x` pixels from its left side.
     void Click(const QString& element, int x = 40) {
-        const QVariantMap box = Eval("(r => ({x: r.left, y: r.top + r.height / 2}))(" + element +
-                                     ".getBoundingClientRect())")
-                                    .toMap();
+        const QString middle = "(r => [r.left, r.top + r.height / 2])(%1.getBoundingClientRect())";
+        const QVariantList place = Eval(middle.arg(element)).toList();
         QTest::mouseClick(view_.focusProxy(), Qt::LeftButton, {},
-                          QPoint(box["x"].toInt() + x, box["y"].toInt()));
+                          QPoint(place.value(0).toInt() + x, place.value(1).toInt()));
     }
 
     ScratchFolder folder_;

@@ -163,9 +163,8 @@ TEST_F(Preview, AClickMayOpenAWindowAndAScriptAloneMayNot) {
     EXPECT_TRUE(windows().isEmpty());
     ClickCorner();
     ASSERT_TRUE(WaitFor([&] { return !windows().isEmpty(); }));
-    QWebEngineView* window = windows().front();
-    EXPECT_TRUE(WaitFor([&] { return window->windowTitle() == "small"; }));
-    EXPECT_TRUE(window->isWindow());
+    EXPECT_TRUE(WaitFor([&] { return windows().front()->windowTitle() == "small"; }));
+    EXPECT_TRUE(windows().front()->isWindow());
 }
 
 TEST_F(Preview, WhatCannotBeShownIsSaid) {

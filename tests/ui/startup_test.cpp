@@ -24,10 +24,7 @@ TEST_F(StartUp, ListsTheRecentProjectsAndOpensOneByEnter) {
     });
     EXPECT_EQ(run->window.windowTitle(), "Quorrel HTML Help Edition - Demo");
     EXPECT_TRUE(TopicShows("first body"));
-
-    auto* tree = Find<QTreeView>("Tree1");
-    EXPECT_EQ(Column(tree), (QStringList{"Start", "End"}));
-    EXPECT_EQ(tree->currentIndex().data(), "Start");
+    EXPECT_EQ(Find<QTreeView>("Tree1")->currentIndex().data(), "Start");
     EXPECT_EQ(Column(Find<QTreeView>("ListTopics")), (QStringList{"Apple", "Mango", "Zebra"}));
     EXPECT_EQ(Column(Find<QTreeView>("ListKeywords")), (QStringList{"both", "one", "other"}));
     EXPECT_EQ(Find<QLabel>("StatusBar1.1")->text(), "Zebra");

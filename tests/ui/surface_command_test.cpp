@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <tuple>
 
 #include "platform/text.hpp"
 #include "ui/surface_fixture.hpp"
@@ -149,12 +150,7 @@ TEST_F(Commands, AreAppliedToTables) {
 TEST_F(Commands, TellTheirStatus) {
     OpenBody("<p>plain <b>bold</b></p><p><a href=x.htm>link</a></p><ol><li>item</li></ol>" +
              Table("a b/c d"));
-    struct StatusCase {
-        const char* selected;
-        int command;
-        int status;
-    };
-    for (const StatusCase& each : std::vector<StatusCase>{
+    for (const auto& [selected, command, status] : std::vector<std::tuple<const char*, int, int>>{
              {"plain", DECMD_BOLD, kEnabled},
              {"bold", DECMD_BOLD, kLatched},
              {"plain", DECMD_UNLINK, kDisabled},
@@ -171,9 +167,8 @@ TEST_F(Commands, TellTheirStatus) {
              {"plain", 5001, kNotSupported},
              {"plain", 6000, kNotSupported},
          }) {
-        Select(each.selected);
-        EXPECT_EQ(surface.QueryStatus(each.command), each.status)
-            << each.selected << " " << each.command;
+        Select(selected);
+        EXPECT_EQ(surface.QueryStatus(command), status) << selected << " " << command;
     }
     CaretAfter("a\n");
     EXPECT_EQ(surface.QueryStatus(DECMD_INSERTROW), kEnabled);

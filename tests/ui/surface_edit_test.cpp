@@ -233,12 +233,9 @@ TEST_F(Editing, WhatTheEngineTakesWithItIsNotSavedAsTheOldText) {
 }
 
 TEST_F(Editing, FiveMegabytesCanBeTypedInto) {
+    const std::string paragraph = "<p>One of <b>many</b>. " + std::string(750, 'w') + "</p>\n";
     std::string body;
-    for (int i = 0; body.size() < 5000000; ++i) {
-        body += "<p>Paragraph " + std::to_string(i) + " of <b>many</b>. ";
-        for (int word = 0; word < 150; ++word) body += "word ";
-        body += "</p>\n";
-    }
+    while (body.size() < 5000000) body += paragraph;
     OpenBody(body + "<p>the end</p>");
     CaretAfter("the end");
     Type("xyz");

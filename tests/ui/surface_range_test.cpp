@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "ui/surface_fixture.hpp"
 
 namespace quorrel::test {
@@ -112,13 +114,7 @@ TEST_F(Ranges, TakeAndGiveHtml) {
 }
 
 TEST_F(Ranges, PastesGoWhereTheyFit) {
-    struct PasteCase {
-        const char* body;
-        const char* selected;
-        const char* html;
-        const char* after;
-    };
-    for (const PasteCase& each : std::vector<PasteCase>{
+    for (const auto& [body, selected, html, after] : std::vector<std::array<const char*, 4>>{
              {"<p>one two</p>", "one", "1", "<p>1 two</p>"},
              {"<p>one two</p>", "e", "<table><tr><td>t</table>",
               "<p>on</p><table><tbody><tr><td>t</td></tr></tbody></table><p> two</p>"},
@@ -128,12 +124,12 @@ TEST_F(Ranges, PastesGoWhereTheyFit) {
              {"<ul><li>a</li><li>b</li></ul>", "a\nb", "x", "<ul><li>x</li></ul>"},
              {"<p>one</p>", "one", "<A Name=x>", "<p><a name=\"x\"></a></p>"},
          }) {
-        OpenBody(each.body);
-        Select(each.selected);
-        Range()->pasteHTML(each.html);
-        EXPECT_EQ(Body(), each.after) << each.body << " " << each.html;
+        OpenBody(body);
+        Select(selected);
+        Range()->pasteHTML(html);
+        EXPECT_EQ(Body(), after) << body << " " << html;
         Do(DECMD_UNDO);
-        EXPECT_EQ(Body(), each.body);
+        EXPECT_EQ(Body(), body);
         EXPECT_FALSE(surface.IsDirty());
     }
 }

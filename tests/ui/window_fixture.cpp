@@ -14,13 +14,12 @@ std::string Entry(const std::string& name, const std::string& params) {
            "\">\r\n" + params + "</OBJECT>\r\n";
 }
 
-std::string Target(const std::string& title, const std::string& path) {
-    return "<param name=\"Name\" value=\"" + title + "\">\r\n<param name=\"Local\" value=\"" +
-           path + "\">\r\n";
-}
-
 std::string Local(const std::string& path) {
     return "<param name=\"Local\" value=\"" + path + "\">\r\n";
+}
+
+std::string Target(const std::string& title, const std::string& path) {
+    return "<param name=\"Name\" value=\"" + title + "\">\r\n" + Local(path);
 }
 
 std::string Topic(const std::string& title, const std::string& body) {
