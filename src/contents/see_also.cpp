@@ -36,6 +36,8 @@ void FormSeeAlso::Command1_Click() {
     }
     // The target as it is shown: one that is a sub-key is not found again by its blanks.
     AddToIndex(main_, key, "SEE ALSO: " + target->Text() + ">", key + ";");
+    // So that closing asks: no topic tells of this entry.
+    main_.project.project_dirty = true;
 }
 
 }  // namespace quorrel

@@ -1,5 +1,6 @@
 #include "ui/web_surface.hpp"
 
+#include <QApplication>
 #include <QJsonDocument>
 #include <QLabel>
 #include <QMenu>
@@ -202,6 +203,8 @@ void WebSurface::StartLoad() {
     // caret to the start, late, so a text that is shown anew for the same topic does without.
     page_->settings()->setAttribute(QWebEngineSettings::FocusOnNavigationEnabled,
                                     std::exchange(is_first_look_, false));
+    // Behind another view it takes the keys away from the list that opened the topic.
+    keys_back_to_ = view_->isVisible() ? nullptr : QApplication::focusWidget();
     page_->Show(shown);
 }
 
@@ -358,6 +361,7 @@ void WebSurface::EndLoad() {
     constexpr int kMoment = 100;
     QTimer::singleShot(kMoment, this, [this, load = load_] {
         if (load != load_) return;
+        if (!keys_back_to_.isNull() && !view_->isVisible()) keys_back_to_->setFocus();
         Events events;
         events.complete = true;
         events.display = true;

@@ -152,6 +152,7 @@ class WebSurface : public QObject, public EditSurface {
     QPointer<TopicView> view_;
     QPointer<FindBar> find_bar_;
     QPointer<TopicPage> page_;
+    QPointer<QWidget> keys_back_to_;  // when the document is there
     std::unique_ptr<PageCalls> calls_;
     WebDocument document_;
 

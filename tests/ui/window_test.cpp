@@ -93,6 +93,19 @@ TEST_F(Window, EachTabShowsItsPanes) {
     }
 }
 
+TEST_F(Window, AListKeepsTheKeysWhileItsTopicsOpenBehindAnotherView) {
+    StartAndOpen();
+    ASSERT_TRUE(TopicShows("first body"));
+    Main().window.TabStrip2.SelectedIndex = right_tab::kProperties;
+    auto* tree = Find<QTreeView>("Tree1");
+    tree->setFocus();
+    QTest::keyClick(tree, Qt::Key_End);
+    QTest::keyClick(tree, Qt::Key_Return);
+    EXPECT_TRUE(TopicShows("third body"));
+    QTest::qWait(200);  // the surface is done with its document
+    EXPECT_TRUE(tree->hasFocus());
+}
+
 TEST_F(Window, TheExpandedPaneGivesTheRightSideTheRoomAndTakesItBack) {
     StartAndOpen();
     const QRect before = Find<QWidget>("TabStrip2")->geometry();
