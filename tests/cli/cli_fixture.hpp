@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "cli/cli.hpp"
-#include "support/environment.hpp"
 #include "support/scratch_folder.hpp"
 
 namespace quorrel::test {
@@ -29,7 +29,13 @@ inline Outcome RunProgram(std::vector<const char*> arguments, const std::string&
 
 class Cli : public testing::Test {
   protected:
-    Cli() { SetVariable("XDG_CONFIG_HOME", folder.Native("config")); }
+    Cli() {
+#ifdef _WIN32
+        _putenv_s("XDG_CONFIG_HOME", folder.Native("config").c_str());
+#else
+        setenv("XDG_CONFIG_HOME", folder.Native("config").c_str(), 1);
+#endif
+    }
     ScratchFolder folder;
 };
 

@@ -93,10 +93,8 @@ TEST_F(ConvertCommand, ReplacesAnotherProjectOnlyWhenTold) {
 TEST_F(ConvertCommand, TellsWhatItCannotConvert) {
     ASSERT_EQ(Convert().code, 0);
     folder.Write("x.hs/g.hhp", "[FILES]\r\n");
-    const std::string helpset = folder.Native("p/g.hs");
-    const std::string missing = folder.Native("p/none.hhp");
-    const std::string misleading = folder.Native("x.hs/g.hhp");
-    for (const std::string& name : {helpset, missing, misleading}) {
+    for (const char* file : {"p/g.hs", "p/none.hhp", "x.hs/g.hhp"}) {
+        const std::string name = folder.Native(file);
         const Outcome outcome = RunProgram({"convert", name.c_str()});
         EXPECT_EQ(outcome.code, 1);
         EXPECT_EQ(outcome.out, "");

@@ -21,16 +21,13 @@ TEST(HtmlReferences, AreDecodedAsBrowsersDo) {
           Row{"&#151;", 6, 6, "\u2014"}, Row{"&#0;", 4, 4, "\uFFFD"},
           Row{"&#99999999999;", 14, 14, "\uFFFD"}, Row{"&#xD800;", 8, 8, "\uFFFD"},
           Row{"&#;", 0, 0, ""}, Row{"&", 0, 0, ""}, Row{"& x", 0, 0, ""}}) {
-        std::string decoded;
-        EXPECT_EQ(html::DecodeReference(row.text, 0, html::ReferencePlace::kText, decoded),
-                  row.size)
-            << row.text;
-        EXPECT_EQ(decoded, row.meaning) << row.text;
-        std::string in_attribute;
-        EXPECT_EQ(
-            html::DecodeReference(row.text, 0, html::ReferencePlace::kAttribute, in_attribute),
-            row.size_in_attribute)
-            << row.text;
+        SCOPED_TRACE(row.text);
+        using html::ReferencePlace;
+        std::string decoded, ignored;
+        EXPECT_EQ(html::DecodeReference(row.text, 0, ReferencePlace::kText, decoded), row.size);
+        EXPECT_EQ(decoded, row.meaning);
+        EXPECT_EQ(html::DecodeReference(row.text, 0, ReferencePlace::kAttribute, ignored),
+                  row.size_in_attribute);
     }
 }
 

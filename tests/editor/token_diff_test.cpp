@@ -3,50 +3,37 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <random>
 #include <vector>
 
 namespace quorrel::test {
 namespace {
 
 using Keys = std::vector<std::uint64_t>;
-
-/// Numbers from 0 to `bound` - 1 that look like chance.
-class Numbers {
-  public:
-    std::uint64_t Below(std::uint64_t bound) {
-        state_ = state_ * 6364136223846793005ULL + 1442695040888963407ULL;
-        return (state_ >> 33) % bound;
-    }
-
-  private:
-    std::uint64_t state_ = 1;
-};
+using Step = std::ptrdiff_t;
 
 Keys Patched(const Keys& a, const Keys& b, const std::vector<DiffHunk>& hunks) {
     Keys result;
     std::size_t at = 0;
-    const auto append = [&](const Keys& from, std::size_t begin, std::size_t end) {
-        for (; begin < end; ++begin) result.push_back(from[begin]);
-    };
     for (const DiffHunk& hunk : hunks) {
-        append(a, at, hunk.a_begin);
-        append(b, hunk.b_begin, hunk.b_end);
+        result.insert(result.end(), a.begin() + Step(at), a.begin() + Step(hunk.a_begin));
+        result.insert(result.end(), b.begin() + Step(hunk.b_begin), b.begin() + Step(hunk.b_end));
         at = hunk.a_end;
     }
-    append(a, at, a.size());
+    result.insert(result.end(), a.begin() + Step(at), a.end());
     return result;
 }
 
 TEST(TokenDiff, HunksTurnTheOneIntoTheOther) {
-    Numbers numbers;
+    std::mt19937 random(1);
     for (int round = 0; round < 300; ++round) {
-        const std::uint64_t alphabet = 2 + numbers.Below(round % 3 == 0 ? 5000 : 20);
-        Keys a(numbers.Below(1200));
-        for (auto& key : a) key = numbers.Below(alphabet);
+        const unsigned alphabet = 2 + random() % (round % 3 == 0 ? 5000 : 20);
+        Keys a(random() % 1200);
+        for (auto& key : a) key = random() % alphabet;
         Keys b;
         for (const auto key : a) {
-            const std::uint64_t chance = numbers.Below(40);
-            if (chance == 0) b.push_back(numbers.Below(alphabet));
+            const auto chance = random() % 40;
+            if (chance == 0) b.push_back(random() % alphabet);
             if (chance != 1) b.push_back(key);
         }
         ASSERT_EQ(Patched(a, b, DiffOf(a, b)), b) << round;

@@ -15,6 +15,9 @@ struct PreserveCase {
     std::string expected;
 };
 
+/// The engine's form of a page without anything in its head.
+[[nodiscard]] std::string Page(const std::string& body);
+
 [[nodiscard]] std::vector<PreserveCase> PreserveCases();
 
 }  // namespace quorrel::test

@@ -1,17 +1,25 @@
 #include "support/random_project.hpp"
 
 #include <algorithm>
+#include <tuple>
+
+#include "platform/text.hpp"
 
 namespace quorrel::test {
 namespace {
 
 std::string Param(std::string_view name, std::string_view value) {
-    return std::string("<param name=\"").append(name).append("\" value=\"").append(value) + "\">";
+    return std::string("<param name=\"").append(name).append("\" value=\"").append(value) + "\">\n";
 }
 
 std::string WithBackslashes(std::string path) {
     std::replace(path.begin(), path.end(), '/', '\\');
     return path;
+}
+
+std::string Sitemap(const std::string& entries) {
+    return "<HTML><BODY>\n<OBJECT type=\"text/site properties\">\n" + Param("ImageType", "Folder") +
+           "</OBJECT>\n<ul>\n" + entries + "</ul>\n</BODY></HTML>\n";
 }
 
 std::string Attribute(std::string_view name, std::string_view value) {
@@ -35,29 +43,14 @@ RandomProject::RandomProject(unsigned seed) : random_(seed) {
         Node node{level, Word(), "", ""};
         const Topic& topic =
             topics_[static_cast<std::size_t>(Below(static_cast<int>(topics_.size())))];
-        switch (Below(10)) {
-            case 0:
-                break;
-            case 1:
-                node.file = topic.file + "#here";
-                node.id = "here";
-                break;
-            case 2:
-                node.file = "loose.htm";
-                node.id = "loose";
-                break;
-            case 3:
-                node.file = "http://example.org/a/page.htm";
-                node.id = "nowhere";
-                break;
-            case 4:
-                node.file = "pictures/one.gif";
-                node.id = "one";
-                break;
-            default:
-                node.file = topic.file;
-                node.id = topic.id;
-        }
+        const std::pair<std::string, std::string> others[] = {
+            {"", ""},
+            {topic.file + "#here", "here"},
+            {"loose.htm", "loose"},
+            {"http://example.org/a/page.htm", "nowhere"},
+            {"pictures/one.gif", "one"}};
+        const int kind = Below(10);
+        std::tie(node.file, node.id) = kind < 5 ? others[kind] : std::pair(topic.file, topic.id);
         nodes_.push_back(node);
         level = 1 + Below(std::min(level + 1, 5));
     }
@@ -100,128 +93,124 @@ void RandomProject::WriteTopics(const ScratchFolder& folder) const {
     folder.Write("p/pictures/one.gif", "GIF89a");
 }
 
-std::string RandomProject::Sitemap(const std::string& entries) const {
-    return "<HTML><BODY>" + line_end_ + "<OBJECT type=\"text/site properties\">" + line_end_ +
-           Param("ImageType", "Folder") + line_end_ + "</OBJECT>" + line_end_ + "<ul>" + line_end_ +
-           entries + "</ul>" + line_end_ + "</BODY></HTML>" + line_end_;
+/// With the line ends of this project.
+void RandomProject::Write(const ScratchFolder& folder, const std::string& name,
+                          const std::string& text) const {
+    folder.Write("p/" + name, ReplaceAll(text, "\n", line_end_));
 }
 
 std::string RandomProject::SitemapKeyword(const Keyword& keyword, bool is_sub_key) {
-    std::string text =
-        "<LI><OBJECT type=\"text/sitemap\">" + line_end_ + Param("Name", keyword.text) + line_end_;
+    std::string text = "<LI><OBJECT type=\"text/sitemap\">\n" + Param("Name", keyword.text);
     for (const int target : keyword.targets) {
         const bool is_topic = target < static_cast<int>(topics_.size());
         const std::string file =
             is_topic ? topics_[static_cast<std::size_t>(target)].file + (Chance(15) ? "#here" : "")
                      : "gone.htm";
-        text += Param("Name", "T " + std::to_string(target)) + line_end_;
-        text += Param("Local", Chance(50) ? WithBackslashes(file) : file) + line_end_;
+        text += Param("Name", "T " + std::to_string(target));
+        text += Param("Local", Chance(50) ? WithBackslashes(file) : file);
     }
-    if (keyword.targets.empty() && Chance(50)) text += Param("See Also", "w") + line_end_;
-    text += "</OBJECT>" + line_end_;
+    if (keyword.targets.empty() && Chance(50)) text += Param("See Also", "w");
+    text += "</OBJECT>\n";
     if (is_sub_key || keyword.sub_keys.empty()) return text;
-    text += "<ul>" + line_end_;
+    text += "<ul>\n";
     for (const Keyword& sub_key : keyword.sub_keys) text += SitemapKeyword(sub_key, true);
-    return text + "</ul>" + line_end_;
+    return text + "</ul>\n";
 }
 
 void RandomProject::WriteHtmlHelp(const ScratchFolder& folder) {
     WriteTopics(folder);
-    std::string files, aliases, numbers = "#define GONE " + std::to_string(Below(200)) + line_end_;
+    std::string files, aliases, numbers = "#define GONE " + std::to_string(Below(200)) + "\n";
     for (const Topic& topic : topics_) {
-        files += WithBackslashes(topic.file) + line_end_;
-        if (!topic.title.empty()) files += ";Title=" + topic.title + line_end_;
+        files += WithBackslashes(topic.file) + "\n";
+        if (!topic.title.empty()) files += ";Title=" + topic.title + "\n";
         if (topic.id.empty()) continue;
-        aliases += topic.id + "=" + topic.file + line_end_;
-        if (!topic.number.empty())
-            numbers += "#define " + topic.id + " " + topic.number + line_end_;
+        aliases += topic.id + "=" + topic.file + "\n";
+        if (!topic.number.empty()) numbers += "#define " + topic.id + " " + topic.number + "\n";
     }
-    files += line_end_;
-    const std::string first = Chance(50) ? "Default Topic=" + topics_[0].file + line_end_ : "";
-    folder.Write("p/g.hhp", "[OPTIONS]" + line_end_ + "Contents file=g.hhc" + line_end_ +
-                                "Index file=g.hhk" + line_end_ + "Title=" + Word() + line_end_ +
-                                first + line_end_ + "[WINDOWS]" + line_end_ + "main=\"t\",,,0x1" +
-                                line_end_ + line_end_ + "[FILES]" + line_end_ + files + "[ALIAS]" +
-                                line_end_ + "#include g.ali" + line_end_ + "[MAP]" + line_end_ +
-                                "#include \"g.h\"" + line_end_);
-    folder.Write("p/g.ali", aliases);
-    folder.Write("p/g.h", numbers);
+    const std::string first = Chance(50) ? "Default Topic=" + topics_[0].file + "\n" : "";
+    Write(folder, "g.hhp",
+          "[OPTIONS]\nContents file=g.hhc\nIndex file=g.hhk\nTitle=" + Word() + "\n" + first +
+              "\n[WINDOWS]\nmain=\"t\",,,0x1\n\n[FILES]\n" + files +
+              "\n[ALIAS]\n#include g.ali\n[MAP]\n#include \"g.h\"\n");
+    Write(folder, "g.ali", aliases);
+    Write(folder, "g.h", numbers);
     std::string entries;
     int level = 1;
     const auto go_to = [&](int wanted) {
-        for (; level < wanted; ++level) entries += "<ul>" + line_end_;
-        for (; level > wanted; --level) entries += "</ul>" + line_end_;
+        for (; level < wanted; ++level) entries += "<ul>\n";
+        for (; level > wanted; --level) entries += "</ul>\n";
     };
     for (const Node& node : nodes_) {
         go_to(node.level);
-        entries +=
-            "<li><object type=\"text/sitemap\">" + line_end_ + Param("Name", node.text) + line_end_;
-        if (!node.file.empty()) entries += Param("Local", node.file) + line_end_;
-        if (Chance(20)) entries += Param("New", std::to_string(Below(2))) + line_end_;
-        if (Chance(20)) entries += Param("FrameName", "right") + line_end_;
-        if (Chance(20)) entries += Param("Comment", "kept, with commas") + line_end_;
-        entries += "</object>" + line_end_;
+        entries += "<li><object type=\"text/sitemap\">\n" + Param("Name", node.text);
+        if (!node.file.empty()) entries += Param("Local", node.file);
+        if (Chance(20)) entries += Param("New", std::to_string(Below(2)));
+        if (Chance(20)) entries += Param("FrameName", "right");
+        if (Chance(20)) entries += Param("Comment", "kept, with commas");
+        entries += "</object>\n";
     }
     go_to(1);
-    folder.Write("p/g.hhc", Sitemap(entries));
+    Write(folder, "g.hhc", Sitemap(entries));
     entries.clear();
     for (const Keyword& keyword : keywords_) entries += SitemapKeyword(keyword, false);
-    folder.Write("p/g.hhk", Sitemap(entries));
+    Write(folder, "g.hhk", Sitemap(entries));
 }
 
-std::string RandomProject::IndexItem(const Keyword& keyword) {
-    const auto id = [&](int target) {
-        return target < static_cast<int>(topics_.size()) ? "id" + std::to_string(target) : "gone";
-    };
+std::string RandomProject::IndexItem(const Keyword& keyword) const {
     std::string text;
     for (std::size_t i = 0; i < std::max<std::size_t>(keyword.targets.size(), 1); ++i) {
         const std::string number = i == 0 ? "" : " (" + std::to_string(i + 1) + ")";
         const bool opens = !keyword.sub_keys.empty() && i + 1 >= keyword.targets.size();
         text += "<indexitem" + Attribute("text", keyword.text + number);
-        if (!keyword.targets.empty()) text += Attribute("target", id(keyword.targets[i]));
-        text += (opens ? ">" : "/>") + std::string(i == 0 ? "" : " <!-- QR IMULT -->") + line_end_;
+        if (!keyword.targets.empty()) {
+            const int target = keyword.targets[i];
+            const bool is_topic = target < static_cast<int>(topics_.size());
+            text += Attribute("target", is_topic ? "id" + std::to_string(target) : "gone");
+        }
+        text += std::string(opens ? ">" : "/>") + (i == 0 ? "\n" : " <!-- QR IMULT -->\n");
     }
     if (keyword.sub_keys.empty()) return text;
     for (const Keyword& sub_key : keyword.sub_keys) text += IndexItem(sub_key);
-    return text + "</indexitem>" + line_end_;
+    return text + "</indexitem>\n";
 }
 
 void RandomProject::WriteJavaHelp(const ScratchFolder& folder) {
     WriteTopics(folder);
-    const std::string head = "<?xml version='1.0' encoding='ISO-8859-1' ?>" + line_end_;
-    folder.Write("p/g.hs",
-                 head + "<helpset version=\"1.0\">" + line_end_ + "<title>" + Word() + "</title>" +
-                     line_end_ + "<homeID>id0</homeID><mapref location=\"g.jhm\"/>" + line_end_ +
-                     "<view><data>toc.xml</data><type>x.TOCView</type></view>" +
-                     "<view><data>index.xml</data><type>x.IndexView</type></view>" + line_end_ +
-                     (Chance(50) ? "<view><data engine=\"x.SearchEngine\">D</data></view>" : "") +
-                     "</helpset>");
-    std::string map = head + "<map>" + line_end_;
+    const std::string head = "<?xml version='1.0' encoding='ISO-8859-1' ?>\n";
+    Write(folder, "g.hs",
+          head + "<helpset version=\"1.0\">\n<title>" + Word() +
+              "</title>\n<homeID>id0</homeID><mapref location=\"g.jhm\"/>\n"
+              "<view><data>toc.xml</data><type>x.TOCView</type></view>"
+              "<view><data>index.xml</data><type>x.IndexView</type></view>\n" +
+              (Chance(50) ? "<view><data engine=\"x.SearchEngine\">D</data></view>" : "") +
+              "</helpset>");
+    std::string map;
     const auto entry = [&](const std::string& id, const std::string& file) {
-        map += " <mapID" + Attribute("target", id) + Attribute("url", file) + "/>" + line_end_;
+        map += " <mapID" + Attribute("target", id) + Attribute("url", file) + "/>\n";
     };
     entry("here", topics_[0].file + "#here");
-    for (std::size_t i = 0; i < topics_.size(); ++i)
+    for (std::size_t i = 0; i < topics_.size(); ++i) {
         entry("id" + std::to_string(i), topics_[i].file);
+    }
     entry("gone", "gone.htm");
     entry("one", "pictures/one.gif");
-    folder.Write("p/g.jhm", map + "</map>" + line_end_);
+    Write(folder, "g.jhm", head + "<map>\n" + map + "</map>\n");
     std::string items;
     for (std::size_t i = 0; i < nodes_.size(); ++i) {
         const Node& node = nodes_[i];
         const int next = i + 1 < nodes_.size() ? nodes_[i + 1].level : 1;
-        const std::string target =
-            node.id.rfind("ID_", 0) == 0 ? "id" + node.id.substr(3) : node.id;
+        const bool is_topic = node.id.starts_with("ID_");
+        const std::string target = is_topic ? "id" + node.id.substr(3) : node.id;
         items += "<tocitem" + Attribute("text", node.text) +
                  (target.empty() ? "" : Attribute("target", target)) +
-                 (Chance(30) ? Attribute("image", "one") : "") + (next > node.level ? ">" : "/>") +
-                 line_end_;
-        for (int level = node.level; level > next; --level) items += "</tocitem>" + line_end_;
+                 (Chance(30) ? Attribute("image", "one") : "") +
+                 (next > node.level ? ">\n" : "/>\n");
+        for (int level = node.level; level > next; --level) items += "</tocitem>\n";
     }
-    folder.Write("p/toc.xml", head + "<toc>" + line_end_ + items + "</toc>" + line_end_);
+    Write(folder, "toc.xml", head + "<toc>\n" + items + "</toc>\n");
     items.clear();
     for (const Keyword& keyword : keywords_) items += IndexItem(keyword);
-    folder.Write("p/index.xml", head + "<index>" + line_end_ + items + "</index>" + line_end_);
+    Write(folder, "index.xml", head + "<index>\n" + items + "</index>\n");
 }
 
 }  // namespace quorrel::test

@@ -49,9 +49,9 @@ class RandomProject {
     std::string Word();
     Keyword MakeKeyword(int& number);
     void WriteTopics(const ScratchFolder& folder) const;
-    std::string Sitemap(const std::string& entries) const;
+    void Write(const ScratchFolder& folder, const std::string& name, const std::string& text) const;
     std::string SitemapKeyword(const Keyword& keyword, bool is_sub_key);
-    std::string IndexItem(const Keyword& keyword);
+    std::string IndexItem(const Keyword& keyword) const;
 
     std::mt19937 random_;
     std::string line_end_;

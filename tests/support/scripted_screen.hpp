@@ -30,7 +30,6 @@ class ScriptedScreen : public Screen {
     void ExpectForm(std::string name, std::function<void(Form&)> work) {
         forms_.emplace_back(std::move(name), std::move(work));
     }
-    [[nodiscard]] const std::vector<std::string>& ShownForms() const { return shown_; }
     [[nodiscard]] const FileDialog& LastFileDialog() const { return last_dialog_; }
 
     std::string clipboard;
@@ -40,7 +39,6 @@ class ScriptedScreen : public Screen {
         beside_.push_back(std::move(form));
     }
     void ShowModal(Form& form) override {
-        shown_.emplace_back(form.Name());
         if (forms_.empty() || forms_.front().first != form.Name()) {
             ADD_FAILURE() << "unexpected form " << form.Name();
         } else {
@@ -79,7 +77,6 @@ class ScriptedScreen : public Screen {
     std::deque<std::pair<std::string, MessageAnswer>> answers_;
     std::deque<std::string> files_;
     std::deque<std::pair<std::string, std::function<void(Form&)>>> forms_;
-    std::vector<std::string> shown_;
     std::vector<std::unique_ptr<Form>> beside_;
     FileDialog last_dialog_;
 };

@@ -5,7 +5,6 @@
 #include <QDropEvent>
 #include <QMimeData>
 
-#include "platform/failure.hpp"
 #include "ui/surface_fixture.hpp"
 
 namespace quorrel::test {
@@ -36,11 +35,9 @@ class Clipboard : public SurfaceFixture {
 };
 
 TEST_F(Clipboard, WhatCouldActDoesNotComeIn) {
-    struct PasteCase {
-        std::string html;
-        std::string after;
-    };
-    for (const PasteCase& each : std::vector<PasteCase>{
+    OpenBody("<p>ab</p>");
+    CaretAfter("a");
+    for (const auto& [html, after] : std::vector<std::pair<std::string, std::string>>{
              {"<p>one</p>", "one"},
              {"x<script>y</script><style>z</style><b onclick=\"f()\">b</b>", "x<b>b</b>"},
              {"<img src=x onerror=f()><a href=\"javascript:f()\">l</a>", "<img src=\"x\"><a>l</a>"},
@@ -55,14 +52,21 @@ TEST_F(Clipboard, WhatCouldActDoesNotComeIn) {
              {"<img src=\"data:text/html,x\"><img src=\"data:image/png;base64,AA\">",
               "<img><img src=\"data:image/png;base64,AA\">"},
          }) {
-        OpenBody("<p>ab</p>");
-        CaretAfter("a");
-        Put(each.html);
+        Put(html);
         Do(DECMD_PASTE);
-        EXPECT_EQ(Body(), "<p>a" + each.after + "b</p>") << each.html;
+        EXPECT_EQ(Body(), "<p>a" + after + "b</p>") << html;
         Do(DECMD_UNDO);
         EXPECT_EQ(Body(), "<p>ab</p>");
     }
+
+    // What is dropped is cleaned too, and falls where the pointer is.
+    QMimeData data;
+    data.setHtml("<i onclick=f()>x</i>");
+    Drop(data, PlaceOf("p").topLeft() + QPoint(1, 8));
+    EXPECT_EQ(Body(), "<p><i>x</i>ab</p>");
+    surface.drop_taken = [](const QMimeData&) { return true; };
+    Drop(data, {590, 8});
+    EXPECT_EQ(BodyWithSelection(), "<p><i>x</i>ab^</p>");
 }
 
 TEST_F(Clipboard, AddressesBecomeRelativeToTheTopic) {
@@ -111,27 +115,12 @@ TEST_F(Clipboard, KeysCutCopyAndPaste) {
     Key(Qt::Key_X, Qt::ControlModifier);
     ASSERT_TRUE(BodyBecomes("<p>one <b></b> three</p>"));
     CaretAfter("three");
-    Key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_TRUE(BodyBecomes("<p>one <b></b> three<b>two</b></p>"));
-    Key(Qt::Key_Z, Qt::ControlModifier);
     Put("<b>x</b>", "a  b\nc");
     Key(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_TRUE(BodyBecomes("<p>one <b></b> threea&nbsp; b<br>c</p>"));
     Key(Qt::Key_A, Qt::ControlModifier);
     Key(Qt::Key_C, Qt::ControlModifier);
     EXPECT_TRUE(WaitFor([] { return QApplication::clipboard()->text().startsWith("one"); }));
-}
-
-TEST_F(Clipboard, DropsGoWhereTheyFall) {
-    OpenBody("<p>ab</p>");
-    QMimeData data;
-    data.setHtml("<i onclick=f()>x</i>");
-    const QPoint place = PlaceOf("p").topLeft() + QPoint(1, 8);
-    Drop(data, place);
-    EXPECT_EQ(Body(), "<p><i>x</i>ab</p>");
-    surface.drop_taken = [](const QMimeData&) { return true; };
-    Drop(data, {590, 8});
-    EXPECT_EQ(BodyWithSelection(), "<p><i>x</i>ab^</p>");
 }
 
 }  // namespace

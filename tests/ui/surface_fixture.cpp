@@ -1,24 +1,10 @@
 #include "ui/surface_fixture.hpp"
 
-#include <QDeadlineTimer>
-#include <QTimer>
 #include <QWebEnginePage>
-#include <QWebEngineScript>
 
 #include "platform/text.hpp"
 
 namespace quorrel::test {
-
-bool WaitFor(const std::function<bool()>& condition) {
-    QDeadlineTimer deadline(20000);
-    QTimer wake;
-    wake.start(10);
-    while (!condition()) {
-        if (deadline.hasExpired()) return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return true;
-}
 
 SurfaceFixture::SurfaceFixture() : surface(files) {
     surface.Widget()->resize(600, 400);
@@ -99,19 +85,12 @@ void SurfaceFixture::Click(const QPoint& place, Qt::KeyboardModifiers held) {
 }
 
 QRect SurfaceFixture::PlaceOf(const QString& selector) {
-    QRect place;
-    bool is_there = false;
     const QString code =
         "(() => { const r = document.querySelector('%1').getBoundingClientRect();"
         "return [r.left, r.top, r.width, r.height]; })()";
-    surface.View()->page()->runJavaScript(
-        code.arg(selector), QWebEngineScript::ApplicationWorld, [&](const QVariant& answer) {
-            const QVariantList r = answer.toList();
-            if (r.size() == 4) place = {r[0].toInt(), r[1].toInt(), r[2].toInt(), r[3].toInt()};
-            is_there = true;
-        });
-    EXPECT_TRUE(WaitFor([&] { return is_there; }));
-    return place;
+    const QVariantList r = ValueOf(*surface.View()->page(), code.arg(selector)).toList();
+    EXPECT_EQ(r.size(), 4) << selector.toStdString();
+    return {r.value(0).toInt(), r.value(1).toInt(), r.value(2).toInt(), r.value(3).toInt()};
 }
 
 bool SurfaceFixture::BodyBecomes(const std::string& body) {

@@ -7,19 +7,27 @@
 #include <QTest>
 #include <QWebEngineView>
 
-#include <functional>
 #include <memory>
 #include <string>
 
+#include "platform/failure.hpp"
 #include "platform/native_file_system.hpp"
 #include "support/scratch_folder.hpp"
+#include "ui/engine_page.hpp"
 #include "ui/web_surface.hpp"
 
 namespace quorrel::test {
 
-/// Waits for events until `condition` holds; false if it takes 20 seconds. (The engine works in
-/// many small events, between which the toolkit's own waiting sleeps.)
-bool WaitFor(const std::function<bool()>& condition);
+/// The number of the run-time error that the call raises; 0 for none.
+template <typename Call>
+int NumberRaisedBy(Call call) {
+    try {
+        call();
+    } catch (const RuntimeError& error) {
+        return error.Number();
+    }
+    return 0;
+}
 
 class SurfaceFixture : public testing::Test {
   protected:

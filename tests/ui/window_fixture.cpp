@@ -4,6 +4,7 @@
 #include <QWebEngineView>
 
 #include "app/startup.hpp"
+#include "ui/engine_page.hpp"
 
 namespace quorrel::test {
 namespace {
@@ -13,13 +14,12 @@ std::string Entry(const std::string& name, const std::string& params) {
            "\">\r\n" + params + "</OBJECT>\r\n";
 }
 
-std::string Target(const std::string& title, const std::string& path) {
-    return "<param name=\"Name\" value=\"" + title + "\">\r\n<param name=\"Local\" value=\"" +
-           path + "\">\r\n";
-}
-
 std::string Local(const std::string& path) {
     return "<param name=\"Local\" value=\"" + path + "\">\r\n";
+}
+
+std::string Target(const std::string& title, const std::string& path) {
+    return "<param name=\"Name\" value=\"" + title + "\">\r\n" + Local(path);
 }
 
 std::string Topic(const std::string& title, const std::string& body) {
@@ -91,14 +91,7 @@ void WindowFixture::StartAndOpen() {
 QString WindowFixture::TopicText() {
     QWebEngineView* view = run->surface.View();
     if (view == nullptr) return {};
-    QString text;
-    bool is_there = false;
-    view->page()->toPlainText([&](const QString& result) {
-        text = result;
-        is_there = true;
-    });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return is_there; }, 20000));
-    return text;
+    return ValueOf(*view->page(), "document.body ? document.body.innerText : ''").toString();
 }
 
 bool WindowFixture::TopicShows(const QString& text) {

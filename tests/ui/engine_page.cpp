@@ -1,7 +1,7 @@
-#include "tools/engine_page.hpp"
+#include "ui/engine_page.hpp"
 
-#include <QElapsedTimer>
-#include <QEventLoop>
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QTimer>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineProfile>
@@ -12,8 +12,6 @@
 
 namespace quorrel::test {
 namespace {
-
-constexpr int kPatienceMilliseconds = 60000;
 
 const char* const kSerialise = R"((() => {
     const doctype = it => '<!DOCTYPE ' + it.name +
@@ -38,6 +36,27 @@ const char* const kContents = R"((() => {
 
 }  // namespace
 
+bool WaitFor(const std::function<bool()>& condition) {
+    const QDeadlineTimer deadline(60000);
+    QTimer wake;
+    wake.start(10);
+    while (!condition() && !deadline.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return condition();
+}
+
+QVariant ValueOf(QWebEnginePage& page, const QString& script, quint32 world) {
+    QVariant value;
+    bool is_there = false;
+    page.runJavaScript(script, world, [&](const QVariant& result) {
+        value = result;
+        is_there = true;
+    });
+    if (!WaitFor([&] { return is_there; })) qFatal("the engine does not answer");
+    return value;
+}
+
 EnginePage::EnginePage() : profile_(std::make_unique<QWebEngineProfile>()) {
     profile_->setUrlRequestInterceptor(new RequestFilter(profile_.get()));
     const auto document = [this](const QUrl& url) {
@@ -48,12 +67,13 @@ EnginePage::EnginePage() : profile_(std::make_unique<QWebEngineProfile>()) {
         files_, [] { return 1252; }, document, profile_.get());
     profile_->installUrlSchemeHandler(kTopicScheme, handler);
     page_ = std::make_unique<TopicPage>(profile_.get(), nullptr);
-    connect(page_.get(), &QWebEnginePage::loadingChanged, this,
-            [this](const QWebEngineLoadingInfo& info) {
-                const bool is_ours = info.url().query() == QString::number(load_);
-                const bool is_end = info.status() != QWebEngineLoadingInfo::LoadStartedStatus;
-                if (is_ours && is_end) is_loaded_ = true;
-            });
+    QObject::connect(page_.get(), &QWebEnginePage::loadingChanged, page_.get(),
+                     [this](const QWebEngineLoadingInfo& info) {
+                         const bool is_ours = info.url().query() == QString::number(load_);
+                         const bool is_end =
+                             info.status() != QWebEngineLoadingInfo::LoadStartedStatus;
+                         if (is_ours && is_end) is_loaded_ = true;
+                     });
 }
 
 EnginePage::~EnginePage() = default;
@@ -62,7 +82,7 @@ bool EnginePage::Load(std::string_view text, const std::string& path) {
     text_ = text;
     is_loaded_ = false;
     page_->Show(UrlOfTopic(path, ++load_));
-    return WaitUntil([this] { return is_loaded_; });
+    return WaitFor([this] { return is_loaded_; });
 }
 
 std::string EnginePage::Serialised() {
@@ -74,27 +94,7 @@ std::string EnginePage::Contents() {
 }
 
 QVariant EnginePage::Run(const QString& script) {
-    QVariant value;
-    bool is_done = false;
-    page_->runJavaScript(script, QWebEngineScript::ApplicationWorld, [&](const QVariant& result) {
-        value = result;
-        is_done = true;
-    });
-    if (!WaitUntil([&] { return is_done; })) qFatal("the engine does not answer");
-    return value;
-}
-
-bool EnginePage::WaitUntil(const std::function<bool()>& is_done) {
-    QElapsedTimer timer;
-    timer.start();
-    QEventLoop loop;
-    QTimer wake;
-    QObject::connect(&wake, &QTimer::timeout, [] {});
-    wake.start(50);
-    while (!is_done() && timer.elapsed() < kPatienceMilliseconds) {
-        loop.processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return is_done();
+    return ValueOf(*page_, script);
 }
 
 }  // namespace quorrel::test
