@@ -161,8 +161,8 @@ class WebSurface : public QObject, public EditSurface {
     std::string path_;
     std::string base_url_;
     bool is_first_look_ = false;  // a file was loaded, and is not shown yet
-    bool is_set_ = false;   // the text was set, and is in no file since
-    bool is_lost_ = false;  // the engine took edits with it
+    bool is_set_ = false;         // the text was set, and is in no file since
+    bool is_lost_ = false;        // the engine took edits with it
     int saved_version_ = 0;
     // What the page gave for which state.
     mutable std::string html_;

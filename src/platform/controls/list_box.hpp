@@ -1,22 +1,17 @@
-// A list that keeps its lines sorted, with one selected, 0-based; -1 stands for none.
+// A list that keeps its lines sorted.
 #pragma once
 
 #include <algorithm>
-#include <cstddef>
 #include <string>
-#include <string_view>
-#include <vector>
 
-#include "platform/controls/control.hpp"
+#include "platform/controls/text_list.hpp"
 #include "platform/unicode.hpp"
 
 namespace quorrel {
 
 /// The order is that of the upper-cased lines; equal ones stay in the order of their addition.
-class ListBox : public Control {
+class ListBox : public TextList {
   public:
-    Property<int> ListIndex{changed, -1};
-
     /// NewIndex tells where the line has come to stand. The selected line stays selected.
     void AddItem(std::string text) {
         const auto place = std::upper_bound(items_.begin(), items_.end(), text,
@@ -36,29 +31,10 @@ class ListBox : public Control {
         if (ListIndex > position) ListIndex = ListIndex - 1;
         changed.Emit();
     }
-    void Clear() {
-        items_.clear();
-        ListIndex = -1;
-        changed.Emit();
-    }
-    /// The selected line, empty for none.
-    [[nodiscard]] std::string Text() const {
-        const int index = ListIndex;
-        return index >= 0 && index < ListCount() ? items_[static_cast<std::size_t>(index)]
-                                                 : std::string();
-    }
     /// The position of the last line that was added.
     [[nodiscard]] int NewIndex() const { return new_index_; }
-    [[nodiscard]] int ListCount() const { return static_cast<int>(items_.size()); }
-    [[nodiscard]] const std::vector<std::string>& List() const { return items_; }
-    /// The position of the first line that is exactly `text`, or -1.
-    [[nodiscard]] int Find(std::string_view text) const {
-        const auto found = std::find(items_.begin(), items_.end(), text);
-        return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
-    }
 
   private:
-    std::vector<std::string> items_;
     int new_index_ = -1;
 };
 
