@@ -14,11 +14,15 @@ namespace {
 
 constexpr Routine kNotBuilt = nullptr;
 
+void Save(MainForm& main) {
+    FileSave_Click(main);
+}
+
 constexpr ToolButton kToolBar[] = {
     {"NewProj", "New Project", FileNewProject_Click, "project-development-new-template"},
     {"New", "New Topic", FileNew_Click, "document-new"},
     {"Open", "Open Project", OpenProject_Click, "document-open"},
-    {"Save", "Save Project", FileSave_Click, "document-save"},
+    {"Save", "Save Project", Save, "document-save"},
     {"Print", "Print", Print_Click, "document-print"},
     {"Cut", "Cut", Cut_Click, "edit-cut"},
     {"Copy", "Copy", Copy_Click, "edit-copy"},

@@ -28,6 +28,10 @@ void At(MainForm& main) {
 
 constexpr Routine kNotBuilt = nullptr;
 
+void Save(MainForm& main) {
+    FileSave_Click(main);
+}
+
 constexpr Command kFile[] = {
     {"FileNewProject", "&New Project", FileNewProject_Click, "Ctrl+Shift+N",
      "project-development-new-template", "Makes a new help project."},
@@ -41,7 +45,7 @@ constexpr Command kFile[] = {
     {"fileopen", "O&pen HTML File...", fileopen_Click, "", "document-open-data",
      "Opens an HTML file without adding it to the project."},
     {"filesep2", kSeparator},
-    {"FileSave", "&Save Project", FileSave_Click, "Ctrl+S", "document-save",
+    {"FileSave", "&Save Project", Save, "Ctrl+S", "document-save",
      "Saves the project and all changed topics."},
     {"FileSaveAs", "Save HTML File &As...", FileSaveAs_Click, "", "document-save-as",
      "Saves the open document under another name."},

@@ -190,8 +190,18 @@ void Form_Load(MainForm& main, std::string_view command_line) {
     ApplyExternalEditorMode(main);
 }
 
+static bool MayLeaveTemplateUnsaved(MainForm& main) {
+    return main.screen.ShowMessage(
+               {"The topic template could not be saved.\r\n\r\nDo you want to leave it unsaved?",
+                main.settings.APP_NAME, MessageButtons::kYesNo, MessageIcon::kExclamation,
+                MessageAnswer::kNo}) == MessageAnswer::kYes;
+}
+
 bool Form_QueryUnload(MainForm& main) {
-    if (IsTemplateOpen(main)) SaveHTML(main, main.DHTMLEdit1.CurrentDocumentPath());
+    if (IsTemplateOpen(main) && !SaveHTML(main, main.DHTMLEdit1.CurrentDocumentPath()) &&
+        !MayLeaveTemplateUnsaved(main)) {
+        return false;
+    }
     CommitContentsItem(main);
     return PromptSaveChanges(main) != save_prompt::kCancelled;
 }

@@ -50,9 +50,7 @@ bool Session::Open() {
 }
 
 bool Session::Save() {
-    const int errors_before = main.log.Count();
-    FileSave_Click(main);
-    return main.log.Count() == errors_before;
+    return FileSave_Click(main);
 }
 
 }  // namespace quorrel

@@ -93,6 +93,7 @@ void FormCreateProject::OKButton_Click() {
     // that is replaced.
     main_.contents.toc_dirty = main_.keywords.index_dirty = true;
     main_.outline.doc_dirty = false;
+    project.project_dirty = true;
     project.proj_path = BeforeLast(project.proj, '\\', {});
     NameFiles();
     project.lngMapCount = ReadImageMapCount(main_);

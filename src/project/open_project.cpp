@@ -164,6 +164,7 @@ void TellWhatWasLeftBehind(MainForm& main) {
 void ClearProject(MainForm& main) {
     main.contents.Tree1.Clear();
     main.outline.TreeDoc.Clear();
+    main.outline.doc_dirty = false;
     main.topics.ListTopics.Clear();
     main.keywords.ListKeywords.Clear();
     main.topics.ListAliases.Clear();

@@ -28,21 +28,33 @@ namespace {
 constexpr std::string_view kFlagged = "1";
 constexpr std::string_view kSaveProject = "MainForm SaveProject: ";
 
+/// A template that is not there is no failure.
+void CopySupportFile(MainForm& main, const std::string& name) {
+    const std::string source = main.settings.Template_Dir + "\\" + name;
+    const std::string target = main.project.proj_path + "\\" + name;
+    if (main.files.CopyFile(source, target, false)) return;
+    if (main.files.FileExists(target) || !main.files.FileExists(source)) return;
+    main.log.Write(kSaveProject, run_time_error::kPathFileAccess,
+                   main.files.NativePath(target) + " could not be made");
+}
+
 /// Copies what the topics rely on from the templates into the project, never over a file there.
 void CopySupportFiles(MainForm& main) {
-    const auto copy = [&](const char* name) {
-        main.files.CopyFile(main.settings.Template_Dir + "\\" + name,
-                            main.project.proj_path + "\\" + name, false);
-    };
-    if (main.settings.is_javahelp_edition) return copy("javahelp.css");
-    for (const char* name : {"rtex.gif", "dwnex.gif", "htmlhelp.css", "master.js"}) copy(name);
+    if (main.settings.is_javahelp_edition) return CopySupportFile(main, "javahelp.css");
+    for (const char* name : {"rtex.gif", "dwnex.gif", "htmlhelp.css", "master.js"}) {
+        CopySupportFile(main, name);
+    }
 }
 
 /// Puts a topic's working copy in its place. True if the topic needs no flag any longer.
 bool PromoteWorkingCopy(MainForm& main, const std::string& topic) {
     const std::string copy = topic + std::string(kWorkingCopy);
     const auto stamp = main.files.Stamp(copy);
-    if (!stamp) return false;
+    if (!stamp) {
+        main.log.Write(kSaveProject, run_time_error::kFileNotFound,
+                       main.files.NativePath(copy) + ", which holds the edits, is gone");
+        return false;
+    }
     if (main.files.FileExists(topic)) {
         constexpr std::uint64_t kNoDocument = 25;  // bytes; an empty page of the surface
         if (stamp->size <= kNoDocument) return false;
@@ -54,14 +66,12 @@ bool PromoteWorkingCopy(MainForm& main, const std::string& topic) {
     main.files.FlushFile(copy);
     if (main.files.ReplaceFile(copy, topic)) {
         NoteTopicFile(main, topic);
-    } else {
-        main.log.Write(kSaveProject, run_time_error::kPathFileAccess,
-                       main.files.NativePath(topic) +
-                           " could not be replaced; your version is in " +
-                           main.files.NativePath(copy));
+        return true;
     }
-    // Also after a failure: the copy stays beside the topic then, and the log tells.
-    return true;
+    main.log.Write(kSaveProject, run_time_error::kPathFileAccess,
+                   main.files.NativePath(topic) + " could not be replaced; your version is in " +
+                       main.files.NativePath(copy));
+    return false;
 }
 
 /// The open topic goes to its working copy, edited or not. An edited page that is no topic of the
@@ -113,6 +123,8 @@ void SaveProject(MainForm& main) {
     if (main.editor.TopicPropDirty) trap([&] { SaveTopicProperties(main); });
     WaitForSurface(main);
     trap([&] { SaveOpenTopic(main); });
+    // A page or a template can be edited without a project.
+    if (main.project.proj.empty()) return;
     trap([&] { UpdateRecentList(main); });
     WriteProjectFiles(main, trap);
     ListView& topics = main.topics.ListTopics;
@@ -126,7 +138,6 @@ void SaveProject(MainForm& main) {
             if (done) row.SetSubItem(topic_cell::kModified, "0");
         });
     }
-    main.project.project_dirty = false;
 }
 
 /// Puts the source view's text onto the surface if the author works there.
@@ -158,8 +169,9 @@ bool SetDirty(MainForm& main) {
     return saved;
 }
 
-void FileSave_Click(MainForm& main) {
-    CopySupportFiles(main);
+bool FileSave_Click(MainForm& main) {
+    const int errors_before = main.log.Count();
+    if (!main.project.proj.empty()) CopySupportFiles(main);
     TakeSourceForSave(main);
     if (IsTemplateOpen(main) && SaveHTML(main, main.DHTMLEdit1.CurrentDocumentPath())) {
         main.editor.ActiveDirty = false;
@@ -169,12 +181,17 @@ void FileSave_Click(MainForm& main) {
     const std::string shown = status.Panel(1);
     status.SetPanel(1, "Saving Project...");
     main.screen.SetPointer(Pointer::kHourglass);
-    const int errors_before = main.log.Count();
     SaveProject(main);
     main.screen.SetPointer(Pointer::kNormal);
-    if (main.log.Count() > errors_before) TellIncompleteSave(main);
-    status.SetPanel(1, "Project Saved.");
+    const bool saved = main.log.Count() == errors_before;
+    main.project.project_dirty = !saved;
+    if (saved) {
+        status.SetPanel(1, "Project Saved.");
+    } else {
+        TellIncompleteSave(main);
+    }
     status.SetPanel(1, shown);
+    return saved;
 }
 
 void ClearTempFiles(MainForm& main) {
@@ -192,18 +209,24 @@ void ClearTempFiles(MainForm& main) {
     main.project.project_dirty = false;
 }
 
+/// Also where no topic is open: contents, index and options can be edited all the same.
+static bool HasUnsavedWork(const MainForm& main) {
+    const bool is_anything_open =
+        !main.project.proj.empty() || !main.editor.main_path.empty() || IsTemplateOpen(main);
+    if (!is_anything_open) return false;
+    return main.DHTMLEdit1.IsDirty() || main.project.project_dirty || main.editor.ActiveDirty ||
+           main.outline.doc_dirty;
+}
+
 int PromptSaveChanges(MainForm& main) {
     CommitContentsItem(main);
     if (main.editor.TopicPropDirty) SaveTopicProperties(main);
-    const bool changed =
-        main.DHTMLEdit1.IsDirty() || main.project.project_dirty || main.editor.ActiveDirty;
-    if (main.editor.main_path.empty() || !changed) return save_prompt::kNotNeeded;
+    if (!HasUnsavedWork(main)) return save_prompt::kNotNeeded;
     switch (main.screen.ShowMessage(
         {"The current project has been modified.\r\n\r\nDo you want to save changes?",
          main.settings.APP_NAME, MessageButtons::kYesNoCancel, MessageIcon::kExclamation})) {
         case MessageAnswer::kYes:
-            FileSave_Click(main);
-            return save_prompt::kSaved;
+            return FileSave_Click(main) ? save_prompt::kSaved : save_prompt::kCancelled;
         case MessageAnswer::kNo:
             ClearTempFiles(main);
             return save_prompt::kDiscarded;

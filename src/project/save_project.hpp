@@ -10,8 +10,9 @@ struct MainForm;
 /// goes to its own file. False where it could not be written, after a message.
 bool SetDirty(MainForm& main);
 
-/// The Save command.
-void FileSave_Click(MainForm& main);
+/// The Save command. False where something could not be saved, after a message: the flags of what
+/// is unsaved stay then.
+bool FileSave_Click(MainForm& main);
 
 /// Deletes the working copies of the flagged topics. The flags stay: the table is replaced next.
 void ClearTempFiles(MainForm& main);
@@ -24,8 +25,8 @@ inline constexpr int kCancelled = 2;
 inline constexpr int kDiscarded = 7;
 }  // namespace save_prompt
 
-/// Asks whether to save what has changed, and does so. Gives a save_prompt; after kCancelled the
-/// caller must leave off.
+/// Asks whether to save what has changed, and does so. Gives a save_prompt; after kCancelled,
+/// which a save that failed gives too, the caller must leave off.
 int PromptSaveChanges(MainForm& main);
 
 }  // namespace quorrel

@@ -198,9 +198,13 @@ TEST_P(AfterAFault, ASecondSaveBringsTheRest) {
         Session run(folder, GetParam().family);
         run.ChangeAll();
         run.files.FailAt(number, GetParam().fault);
-        FileSave_Click(run.main);
+        const bool is_saved = FileSave_Click(run.main);
         if (run.files.Operations() < number) break;
         run.files.Heal();
+        EXPECT_NE(is_saved, run.main.project.project_dirty);
+        if (is_saved) {
+            EXPECT_EQ(Session(folder, GetParam().family).State(), new_state);
+        }
         // A topic whose file could not be replaced has its new text beside it.
         FileSave_Click(run.main);
         std::vector<std::string> beside;

@@ -1,9 +1,10 @@
 #include "project/save_project.hpp"
 
-#include <fstream>
+#include <filesystem>
 
 #include "app/startup.hpp"
 #include "editor/load_file.hpp"
+#include "project/form_create_project.hpp"
 #include "project/open_project.hpp"
 #include "project/topic_properties.hpp"
 #include "support/project_fixture.hpp"
@@ -106,9 +107,65 @@ TEST_F(SaveProjectTest, ThePromptSavesDiscardsOrStays) {
     screen.ExpectMessage(kQuestion, MessageAnswer::kYes);
     EXPECT_TRUE(Form_QueryUnload(main));
     EXPECT_EQ(folder.Read("p/a.htm"), kChanged);
-    main.editor.main_path.clear();
-    main.project.project_dirty = true;
-    EXPECT_EQ(PromptSaveChanges(main), save_prompt::kNotNeeded) << "no document is open";
+    EXPECT_EQ(PromptSaveChanges(main), save_prompt::kNotNeeded);
+}
+
+TEST_F(SaveProjectTest, WorkOnAProjectWithoutAnOpenTopicIsAskedAboutToo) {
+    for (bool* flag : {&main.project.project_dirty, &main.outline.doc_dirty}) {
+        main.editor.main_path.clear();
+        main.editor.ActiveDirty = false;
+        *flag = true;
+        screen.ExpectMessage(kQuestion, MessageAnswer::kCancel);
+        EXPECT_FALSE(Form_QueryUnload(main));
+        screen.ExpectMessage(kQuestion, MessageAnswer::kYes);
+        EXPECT_TRUE(Form_QueryUnload(main));
+        EXPECT_FALSE(*flag);
+    }
+}
+
+TEST_F(SaveProjectTest, ASaveThatFailedIsNoSave) {
+    folder.Write("share/master.js", "script");
+    main.settings.Template_Dir = folder.Windows("share");
+    Leave("p/b.htm");
+    bool claimed = false;
+    main.window.StatusBar1.changed.Connect(
+        [&] { claimed = claimed || main.window.StatusBar1.Panel(1) == "Project Saved."; });
+    struct Case {
+        const char* in_the_way;  // a folder of this name
+        std::string error;
+    };
+    for (const auto& [in_the_way, error] :
+         {Case{"p/master.js",
+               "SaveProject: 75 " + folder.Native("p/master.js") + " could not be made"},
+          {"p/guide.hhc.tmp", "JavaWriteTOC: 70 Permission denied"},
+          {"p/guide.hhk.tmp", "HTMLWriteIndex: 70 Permission denied"},
+          {"p/guide.ali.tmp", "JavaWriteMapFile: 70 Permission denied"},
+          {"p/guide.h.tmp", "JavaWriteMapFile: 70 Permission denied"},
+          {"p/guide.hhp.tmp", "JavaWriteHelpSetFile: 70 Permission denied"},
+          {"p/guide.out.tmp", "JavaWriteTOC: 70 Permission denied"}}) {
+        SCOPED_TRACE(in_the_way);
+        main.contents.toc_dirty = main.outline.doc_dirty = main.project.project_dirty = true;
+        files.CreateFolder(folder.Windows(in_the_way));
+        const auto expect_questions = [&] {
+            screen.ExpectMessage(kQuestion, MessageAnswer::kYes);
+            screen.ExpectMessage(
+                "Not everything could be saved. The last error was:\r\n\r\nMainForm " + error);
+        };
+        claimed = false;
+        expect_questions();
+        EXPECT_FALSE(Form_QueryUnload(main));
+        expect_questions();
+        FileNewProject_Click(main);
+        expect_questions();
+        main.project.recent_proj = folder.Windows("p/guide.hhp");
+        OpenProject_Click(main);
+        EXPECT_EQ(main.editor.main_path, folder.Windows("p/b.htm")) << "nothing is opened";
+        EXPECT_FALSE(claimed);
+        std::filesystem::remove(folder.Native(in_the_way));
+        EXPECT_TRUE(FileSave_Click(main));
+        EXPECT_TRUE(claimed);
+        EXPECT_FALSE(main.project.project_dirty);
+    }
 }
 
 TEST_F(SaveProjectTest, SupportFilesComeFromTheTemplatesAndReplaceNothing) {
