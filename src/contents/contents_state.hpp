@@ -15,14 +15,6 @@ inline constexpr int kClosedBook = 2;
 inline constexpr int kPage = 3;
 }  // namespace node_image
 
-/// What a reader could not take of a file that another program has written. Such a file is kept
-/// beside the first one that replaces it.
-struct EntriesLeftBehind {
-    int count = 0;
-    int of = 0;        // entries in the file
-    std::string file;  // its full path
-};
-
 /// What is being dragged, as drag_source tells.
 namespace drag_kind {
 inline constexpr int kNone = -1;
@@ -65,7 +57,6 @@ struct ContentsState {
     bool create_book_with_topic = false;    // with a book around it
 
     std::string site_properties_toc;  // the site-properties object as read
-    EntriesLeftBehind left_behind;
 };
 
 /// Cells of a ListKeywords row beside its text, the keyword as shown.
@@ -83,7 +74,6 @@ struct KeywordState {
     bool index_dirty = false;
     bool keyword_edit_mode = false;  // the next key typed replaces the selected one of ListKeys
     std::string site_properties_index;
-    EntriesLeftBehind left_behind;
 };
 
 }  // namespace quorrel

@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "contents/contents_state.hpp"
 #include "platform/controls/tree_view.hpp"
 
 namespace quorrel {
@@ -14,7 +13,6 @@ struct OutlineState {
     bool doc_dirty = false;
     // Apart from that of the contents: each file keeps its own.
     std::string site_properties_doc;
-    EntriesLeftBehind left_behind;
 };
 
 }  // namespace quorrel

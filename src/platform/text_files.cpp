@@ -9,6 +9,7 @@ TextFiles::TextFiles(FileSystem& files, MachineCodePage machine)
 
 void TextFiles::StartProject(std::string_view language_option) {
     encodings_.clear();
+    left_behind_.Clear();
     const int of_project = machine_.chosen ? 0 : CodePageOfLanguageOption(language_option);
     code_page_ = of_project == 0 ? machine_.number : of_project;
 }
@@ -58,15 +59,27 @@ bool TextFiles::WriteTemporary(std::string_view path, std::string_view text, con
     return false;
 }
 
+/// Keeps what has to stay of the file that is about to be replaced.
+bool TextFiles::MakeRoom(std::string_view path, Backup backup, const Trap& trap) {
+    if (!files_.FileExists(path)) return true;
+    if (!left_behind_.KeepOriginal(files_, path)) {
+        return trap([&] {
+            throw RuntimeError(
+                run_time_error::kPathFileAccess,
+                files_.NativePath(path) + " was not replaced: no original of it could be kept");
+        });
+    }
+    if (backup == Backup::kNone || KeepBackup(files_, path)) return true;
+    return trap([] { throw RuntimeError(run_time_error::kPathFileAccess); });
+}
+
 bool TextFiles::SwapIn(std::string_view path, Backup backup, const Trap& trap) {
     const std::string target(path);
     const std::string temporary = target + ".tmp";
     files_.FlushFile(temporary);
-    const bool has_old = files_.FileExists(target);
-    const bool has_room = !has_old || backup == Backup::kNone || KeepBackup(files_, target);
-    if (has_room && files_.ReplaceFile(temporary, target)) return true;
-    trap([] { throw RuntimeError(run_time_error::kPathFileAccess); });
-    return false;
+    if (!MakeRoom(target, backup, trap)) return false;
+    if (files_.ReplaceFile(temporary, target)) return true;
+    return trap([] { throw RuntimeError(run_time_error::kPathFileAccess); });
 }
 
 bool TextFiles::WriteAndSwap(std::string_view path, std::string_view text, Backup backup,

@@ -4,10 +4,13 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "platform/encoding.hpp"
 #include "platform/failure.hpp"
 #include "platform/file_system.hpp"
+#include "platform/left_behind.hpp"
 #include "platform/unicode.hpp"
 
 namespace quorrel {
@@ -25,7 +28,7 @@ class TextFiles {
 
     /// The code page of files that say nothing else.
     [[nodiscard]] int CodePageNumber() const { return code_page_; }
-    /// Starts over for another project: files read so far are forgotten, and the code page is
+    /// Starts over for another project: what is known of files is forgotten, and the code page is
     /// that of the project's own `Language` option, unless the machine's is fixed. An empty or
     /// damaged option means the machine's.
     void StartProject(std::string_view language_option);
@@ -39,6 +42,19 @@ class TextFiles {
     /// in the code page.
     [[nodiscard]] std::string Encoded(std::string_view path, std::string_view text) const;
     void Write(std::string_view path, std::string_view text);
+
+    /// Tells of something in the file `path` that a save would leave out. Before the file is
+    /// replaced for the first time it is kept with ".orig" behind its name; where that fails it is
+    /// not replaced.
+    void NoteLeftBehind(std::string_view path, LeftBehind kind) {
+        left_behind_.Note(path, std::move(kind));
+    }
+    void NoteLeftBehind(std::string_view path, std::vector<LeftBehind> kinds) {
+        for (LeftBehind& kind : kinds) left_behind_.Note(path, std::move(kind));
+    }
+    [[nodiscard]] const std::vector<FileLeftBehind>& FilesLeftBehind() const {
+        return left_behind_.Files();
+    }
 
     /// The two halves of WriteAndSwap, for files that belong together.
     bool WriteTemporary(std::string_view path, std::string_view text, const Trap& trap);
@@ -57,11 +73,14 @@ class TextFiles {
     [[nodiscard]] FileSystem& Files() const { return files_; }
 
   private:
+    [[nodiscard]] bool MakeRoom(std::string_view path, Backup backup, const Trap& trap);
+
     FileSystem& files_;
     MachineCodePage machine_;
     int code_page_;
     // Only files that are not plain code-page text are remembered.
     std::unordered_map<std::string, TextEncoding, IgnoringCaseHash, IgnoringCaseEqual> encodings_;
+    LeftBehindFiles left_behind_;
 };
 
 }  // namespace quorrel

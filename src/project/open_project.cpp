@@ -10,6 +10,7 @@
 #include "formats/htmlhelp/map_files.hpp"
 #include "formats/javahelp/helpset.hpp"
 #include "platform/text.hpp"
+#include "project/left_behind_message.hpp"
 #include "project/paths.hpp"
 #include "project/save_project.hpp"
 #include "project/side_files.hpp"
@@ -138,29 +139,6 @@ void ReadJavaHelpProject(MainForm& main) {
 
 }  // namespace
 
-/// The warning for a file that other programs write in a form that is read in part only.
-std::string LeftBehindIn(const MainForm& main, const EntriesLeftBehind& left_behind) {
-    if (left_behind.count == 0) return {};
-    const std::string name(AfterLast(left_behind.file, '\\'));
-    std::string text = "\r\n\r\n" + name + ": " + std::to_string(left_behind.count) + " of " +
-                       std::to_string(left_behind.of) +
-                       (left_behind.of == 1 ? " entry" : " entries") + " not read whole.";
-    if (main.project.help_mode == 1) return text;
-    return text + " The first save that replaces this file keeps it as " + name + ".orig.";
-}
-
-void TellWhatWasLeftBehind(MainForm& main) {
-    std::string text = LeftBehindIn(main, main.contents.left_behind);
-    text += LeftBehindIn(main, main.keywords.left_behind);
-    text += LeftBehindIn(main, main.outline.left_behind);
-    if (text.empty()) return;
-    main.screen.ShowMessage(
-        {"Some entries of this project are written in a way that cannot be read in full, such as "
-         "several parameters on one line." +
-             text,
-         main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kExclamation});
-}
-
 void ClearProject(MainForm& main) {
     main.contents.Tree1.Clear();
     main.outline.TreeDoc.Clear();
@@ -178,7 +156,6 @@ void ClearProject(MainForm& main) {
     main.editor.loaded.clear();
     main.DHTMLEdit1.NewDocument("There is no topic to show.");
     // What the project's files do not say must not be that of the project before.
-    main.contents.left_behind = main.keywords.left_behind = main.outline.left_behind = {};
     main.contents.site_properties_toc.clear();
     main.keywords.site_properties_index.clear();
     main.project.hhcfile.clear();
@@ -209,6 +186,7 @@ void OpenProject_Click(MainForm& main) {
     std::string chosen = ChooseProject(main);
     if (chosen.empty()) return;
     ProjectState& project = main.project;
+    const bool converts = main.settings.is_javahelp_edition && !IsJavaHelpProject(chosen);
     project.proj = std::move(chosen);
     const Trap trap(main.log, "MainForm OpenProject Click: ");
     main.project.proj_success = true;
@@ -226,7 +204,7 @@ void OpenProject_Click(MainForm& main) {
     }
     main.screen.SetPointer(Pointer::kNormal);
     project.lngMapCount = ReadImageMapCount(main);
-    TellWhatWasLeftBehind(main);
+    TellWhatWasLeftBehind(main, converts);
 }
 
 bool OpenRecentProject(MainForm& main, std::string_view path) {

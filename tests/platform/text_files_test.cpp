@@ -112,5 +112,43 @@ TEST_F(TextFilesTest, FailingSwapLeavesTheOldFile) {
     EXPECT_EQ(folder.Read("c.txt/x"), "kept");
 }
 
+TEST_F(TextFilesTest, AnOriginalIsKeptOnceOfWhatLosesSomething) {
+    const auto save = [&](std::string_view text) {
+        return texts.WriteAndSwap(path, text, Backup::kKept, trap);
+    };
+    texts.NoteLeftBehind(path, {"lines", 1, 2});
+    EXPECT_TRUE(save("1")) << "there is nothing to keep yet";
+    EXPECT_FALSE(folder.Exists("a.txt.orig"));
+    texts.NoteLeftBehind(folder.Windows("A.TXT"), {"lines", 2, 2});
+    texts.NoteLeftBehind(folder.Windows("b.txt"), {"lines", 0, 2});
+    ASSERT_EQ(texts.FilesLeftBehind().size(), 1U);
+    EXPECT_EQ(texts.FilesLeftBehind()[0].kinds[0].count, 2);
+    EXPECT_TRUE(save("2") && save("3"));
+    EXPECT_EQ(folder.Read("a.txt.orig"), "1");
+    EXPECT_EQ(folder.Read("a.txt.bak"), "2");
+
+    // Another original of the same name, and then one that is kept already.
+    for (const char* original : {"other", "other", "1"}) {
+        texts.StartProject("");
+        folder.Write("a.txt", original);
+        texts.NoteLeftBehind(path, {"lines", 1});
+        EXPECT_TRUE(save("4"));
+    }
+    EXPECT_EQ(folder.Read("a.txt.orig"), "1");
+    EXPECT_EQ(folder.Read("a.txt.orig.2"), "other");
+    EXPECT_FALSE(folder.Exists("a.txt.orig.3"));
+    EXPECT_TRUE(lines.empty());
+}
+
+TEST_F(TextFilesTest, WithoutAnOriginalNothingIsReplaced) {
+    folder.Write("a.txt", "old");
+    folder.Write("a.txt.orig/no room", "");
+    texts.NoteLeftBehind(path, {"lines", 1});
+    EXPECT_FALSE(texts.WriteAndSwap(path, "new", Backup::kNone, trap));
+    EXPECT_EQ(folder.Read("a.txt"), "old");
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_NE(lines[0].find("a.txt was not replaced"), std::string::npos) << lines[0];
+}
+
 }  // namespace
 }  // namespace quorrel

@@ -36,9 +36,7 @@ class ContentsReader {
         if (tags.entry_start) in_entry_ = true;
     }
 
-    [[nodiscard]] EntriesLeftBehind LeftBehind() const {
-        return {tally_.LeftBehind(), tally_.Objects(), std::string(source_.file)};
-    }
+    [[nodiscard]] const SitemapTally& Tally() const { return tally_; }
 
   private:
     /// The fields of the entry at hand.
@@ -205,8 +203,8 @@ class ContentsWriter {
 
 }  // namespace
 
-EntriesLeftBehind ReadContents(std::string_view text, const ContentsSource& source, TreeView& tree,
-                               std::string& site_properties) {
+std::vector<LeftBehind> ReadContents(std::string_view text, const ContentsSource& source,
+                                     TreeView& tree, std::string& site_properties) {
     ContentsReader reader(source, tree);
     TextLines lines(text);
     while (!lines.AtEnd()) {
@@ -215,7 +213,7 @@ EntriesLeftBehind ReadContents(std::string_view text, const ContentsSource& sour
         ReadSiteProperties(line, tags, lines, site_properties, source.trap);
         reader.TakeLine(line, tags);
     }
-    return reader.LeftBehind();
+    return reader.Tally().Findings();
 }
 
 std::string WriteContents(const TreeView& tree, std::string_view site_properties,
@@ -227,24 +225,23 @@ std::string WriteContents(const TreeView& tree, std::string_view site_properties
 
 namespace {
 
-EntriesLeftBehind ReadTreeFile(MainForm& main, const std::string& file, std::string_view status,
-                               TreeView& tree, std::string& site_properties) {
+void ReadTreeFile(MainForm& main, const std::string& file, std::string_view status, TreeView& tree,
+                  std::string& site_properties) {
     const Trap trap(main.log, "MainForm ReadTOC: ");
     tree.Clear();
     site_properties.clear();
     main.window.StatusBar1.SetPanel(1, std::string(status));
     std::string text;
-    if (!trap([&] { text = main.texts.Read(file); })) return {};
+    if (!trap([&] { text = main.texts.Read(file); })) return;
     const ContentsSource source{file, main.settings.is_javahelp_edition, main.topics.ListTopics,
                                 main.topics.ListAliases, trap};
-    return ReadContents(text, source, tree, site_properties);
+    main.texts.NoteLeftBehind(file, ReadContents(text, source, tree, site_properties));
 }
 
 /// The label is that of another routine, as the log file has always had it.
 bool WriteTreeFile(MainForm& main, const std::string& file, const TreeView& tree,
-                   std::string_view site_properties, EntriesLeftBehind& left_behind) {
+                   std::string_view site_properties) {
     const Trap trap(main.log, "MainForm JavaWriteTOC: ");
-    if (!KeepOriginal(main.files, file, left_behind, trap)) return false;
     const std::string text = WriteContents(tree, site_properties, main.project.proj);
     return main.texts.WriteAndSwap(file, text, Backup::kKept, trap);
 }
@@ -252,9 +249,8 @@ bool WriteTreeFile(MainForm& main, const std::string& file, const TreeView& tree
 }  // namespace
 
 void ReadTOC(MainForm& main) {
-    main.contents.left_behind =
-        ReadTreeFile(main, main.project.hhcfile, "Reading Table of Contents...",
-                     main.contents.Tree1, main.contents.site_properties_toc);
+    ReadTreeFile(main, main.project.hhcfile, "Reading Table of Contents...", main.contents.Tree1,
+                 main.contents.site_properties_toc);
 }
 
 void HTMLWriteTOC(MainForm& main) {
@@ -263,14 +259,12 @@ void HTMLWriteTOC(MainForm& main) {
     if (file.empty()) file = std::string(BaseName(main.project.proj)) + ".hhc";
     // What could not be written is written by the next save.
     ContentsState& contents = main.contents;
-    contents.toc_dirty = !WriteTreeFile(main, file, contents.Tree1, contents.site_properties_toc,
-                                        contents.left_behind);
+    contents.toc_dirty = !WriteTreeFile(main, file, contents.Tree1, contents.site_properties_toc);
 }
 
 void ReadDocOutline(MainForm& main) {
-    main.outline.left_behind =
-        ReadTreeFile(main, main.outline.doc_outline, "Reading Printed Document Outline...",
-                     main.outline.TreeDoc, main.outline.site_properties_doc);
+    ReadTreeFile(main, main.outline.doc_outline, "Reading Printed Document Outline...",
+                 main.outline.TreeDoc, main.outline.site_properties_doc);
 }
 
 void WriteDocOutline(MainForm& main) {
@@ -278,8 +272,7 @@ void WriteDocOutline(MainForm& main) {
     std::string& file = main.outline.doc_outline;
     if (file.empty()) file = std::string(BaseName(main.project.proj)) + ".out";
     OutlineState& outline = main.outline;
-    outline.doc_dirty = !WriteTreeFile(main, file, outline.TreeDoc, outline.site_properties_doc,
-                                       outline.left_behind);
+    outline.doc_dirty = !WriteTreeFile(main, file, outline.TreeDoc, outline.site_properties_doc);
 }
 
 }  // namespace quorrel

@@ -3,11 +3,12 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "contents/contents_state.hpp"
 #include "platform/controls/list_view.hpp"
 #include "platform/controls/tree_view.hpp"
 #include "platform/failure.hpp"
+#include "platform/left_behind.hpp"
 
 namespace quorrel {
 
@@ -24,9 +25,9 @@ struct ContentsSource {
 
 /// Appends the entries of `text` to `tree` and a site-properties object to `site_properties`.
 /// Each <param> stands on a line of its own below "<LI". Entries nested too deep are logged and
-/// not placed. Gives how many entries of the file could not be taken whole.
-EntriesLeftBehind ReadContents(std::string_view text, const ContentsSource& source, TreeView& tree,
-                               std::string& site_properties);
+/// not placed. Gives what of the file could not be taken.
+std::vector<LeftBehind> ReadContents(std::string_view text, const ContentsSource& source,
+                                     TreeView& tree, std::string& site_properties);
 
 /// The text of the file. Locations become relative to `proj`, whatever folder the file is in.
 [[nodiscard]] std::string WriteContents(const TreeView& tree, std::string_view site_properties,

@@ -41,9 +41,7 @@ class KeywordReader {
         if (tags.entry_start) first_name_ = in_entry_ = true;
     }
 
-    [[nodiscard]] EntriesLeftBehind LeftBehind() const {
-        return {tally_.LeftBehind(), tally_.Objects(), {}};
-    }
+    [[nodiscard]] const SitemapTally& Tally() const { return tally_; }
 
   private:
     void TakeParam(std::string_view line) {
@@ -168,8 +166,9 @@ class KeywordWriter {
 
 }  // namespace
 
-void ReadKeywords(std::string_view text, std::string_view proj_path, KeywordState& keywords,
-                  ListView& ListTopics, const Trap& trap) {
+std::vector<LeftBehind> ReadKeywords(std::string_view text, std::string_view proj_path,
+                                     KeywordState& keywords, ListView& ListTopics,
+                                     const Trap& trap) {
     KeywordReader reader(proj_path, keywords.ListKeywords, ListTopics, trap);
     TextLines lines(text);
     while (!lines.AtEnd()) {
@@ -178,7 +177,7 @@ void ReadKeywords(std::string_view text, std::string_view proj_path, KeywordStat
         ReadSiteProperties(line, tags, lines, keywords.site_properties_index, trap);
         reader.TakeLine(line, tags);
     }
-    keywords.left_behind = reader.LeftBehind();
+    return reader.Tally().Findings();
 }
 
 std::string WriteKeywords(const KeywordState& keywords, std::string_view proj) {
@@ -193,11 +192,11 @@ void ReadIndex(MainForm& main) {
     main.window.StatusBar1.SetPanel(1, "Reading Index...");
     main.keywords.ListKeywords.Clear();
     main.keywords.site_properties_index.clear();
-    main.keywords.left_behind = {};
     std::string text;
     if (!trap([&] { text = main.texts.Read(main.project.hhkfile); })) return;
-    ReadKeywords(text, main.project.proj_path, main.keywords, main.topics.ListTopics, trap);
-    main.keywords.left_behind.file = main.project.hhkfile;
+    main.texts.NoteLeftBehind(
+        main.project.hhkfile,
+        ReadKeywords(text, main.project.proj_path, main.keywords, main.topics.ListTopics, trap));
 }
 
 void HTMLWriteIndex(MainForm& main) {
@@ -206,10 +205,8 @@ void HTMLWriteIndex(MainForm& main) {
     if (file.empty()) file = std::string(BaseName(main.project.proj)) + ".hhk";
     KeywordState& keywords = main.keywords;
     // What could not be written is written by the next save.
-    keywords.index_dirty =
-        !KeepOriginal(main.files, file, keywords.left_behind, trap) ||
-        !main.texts.WriteAndSwap(file, WriteKeywords(keywords, main.project.proj), Backup::kKept,
-                                 trap);
+    keywords.index_dirty = !main.texts.WriteAndSwap(
+        file, WriteKeywords(keywords, main.project.proj), Backup::kKept, trap);
 }
 
 }  // namespace quorrel

@@ -52,6 +52,10 @@ void SitemapTally::TakeLine(std::string_view line, bool is_read, bool added) {
     }
 }
 
+std::vector<LeftBehind> SitemapTally::Findings() const {
+    return {{"entries not read whole", left_behind_ + (InLostObject() ? 1 : 0), objects_}};
+}
+
 SitemapParam ReadSitemapParam(std::string_view line) {
     SitemapParam param;
     param.name = TagValue(line, 1, "NAME", "", TagMode::kRead);
@@ -68,16 +72,6 @@ void ReadSiteProperties(std::string_view& line, SitemapTags& tags, TextLines& li
         properties.append(line).append(kLineEnd);
     }
     tags = FindSitemapTags(line);
-}
-
-bool KeepOriginal(FileSystem& files, std::string_view file, EntriesLeftBehind& left_behind,
-                  const Trap& trap) {
-    if (left_behind.count == 0 || !files.FileExists(file)) return true;
-    const std::string kept = std::string(file) + ".orig";
-    const bool is_kept = files.FileExists(kept) || files.CopyFile(file, kept, false);
-    if (!is_kept) return trap([] { throw RuntimeError(run_time_error::kPathFileAccess); });
-    left_behind.count = 0;
-    return true;
 }
 
 std::string SitemapHead(std::string_view properties) {

@@ -4,10 +4,10 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "contents/contents_state.hpp"
 #include "platform/failure.hpp"
-#include "platform/file_system.hpp"
+#include "platform/left_behind.hpp"
 #include "platform/text_lines.hpp"
 
 namespace quorrel {
@@ -32,9 +32,8 @@ class SitemapTally {
     /// with it.
     void TakeLine(std::string_view line, bool is_read, bool added);
 
-    [[nodiscard]] int Objects() const { return objects_; }
     /// At the end of the file.
-    [[nodiscard]] int LeftBehind() const { return left_behind_ + (InLostObject() ? 1 : 0); }
+    [[nodiscard]] std::vector<LeftBehind> Findings() const;
 
   private:
     [[nodiscard]] bool InLostObject() const { return in_object_ && !(is_placed_ && is_whole_); }
@@ -59,12 +58,6 @@ struct SitemapParam {
 /// end takes the rest of the file, and the trap's log gets the end of the file as a failure.
 void ReadSiteProperties(std::string_view& line, SitemapTags& tags, TextLines& lines,
                         std::string& properties, const Trap& trap);
-
-/// Before `file` is replaced: keeps it for good as `file` + ".orig", never over an older one, if
-/// entries of it were left behind on reading. False, with the failure in the trap's log, where
-/// that cannot be done.
-[[nodiscard]] bool KeepOriginal(FileSystem& files, std::string_view file,
-                                EntriesLeftBehind& left_behind, const Trap& trap);
 
 /// The lines before the first entry; `properties` of 20 characters or fewer are left out.
 [[nodiscard]] std::string SitemapHead(std::string_view properties);
