@@ -110,7 +110,7 @@ TEST(KeywordCells, AgreeWithAPlainSearch) {
     std::string expected;
     for (int i = 0; i < 4000; ++i) {
         std::string key = "key ";
-        for (std::size_t n = random() % 12; n > 0; --n)
+        for (std::size_t n = random() % (i % 3 == 0 ? 40 : 12); n > 0; --n)
             key += static_cast<char>('a' + random() % 3);
         if (i % 7 == 0) key.erase(0, random() % key.size());
         if (!Contains(expected, key)) expected += key + ";";
