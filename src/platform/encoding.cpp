@@ -108,6 +108,19 @@ std::string_view DeclaredXmlEncoding(std::string_view bytes) {
     return name.substr(0, name.find(bytes[quote]));
 }
 
+/// Whether `text` comes back the same from a file in ISO-8859-1. A byte without a meaning stays
+/// that byte; the ones from 0x80 to 0x9F would be control characters to other readers.
+bool FitsLatin1(std::string_view text) {
+    const CodePage& page = CodePage::Get(kLatin1CodePage);
+    std::string bytes;
+    for (std::size_t i = 0; i < text.size();) {
+        const char32_t c = NextCodePoint(text, i);
+        if (c >= 0x80 && !IsLoneByte(c) && !page.Encode(c, bytes)) return false;
+        bytes.clear();
+    }
+    return !Contains(text, "&#") || RestoreReferences(std::string(text), page) == text;
+}
+
 }  // namespace
 
 TextEncoding DetectEncoding(std::string_view bytes, int code_page) {
@@ -163,6 +176,16 @@ DecodedText DecodeXmlText(std::string bytes, int code_page) {
     std::string text = DecodeText(bytes, ansi);
     if (Contains(text, "&#")) text = RestoreReferences(std::move(text), CodePage::Get(declared));
     return {std::move(text), ansi};
+}
+
+DecodedText XmlToWrite(std::string text) {
+    if (FitsLatin1(text)) return {std::move(text), {Form::kAnsi, kLatin1CodePage}};
+    const std::string_view declared = DeclaredXmlEncoding(text);
+    if (!declared.empty()) {
+        text.replace(static_cast<std::size_t>(declared.data() - text.data()), declared.size(),
+                     "UTF-8");
+    }
+    return {std::move(text), {Form::kUtf8, kLatin1CodePage}};
 }
 
 std::string EncodeProjectText(std::string_view text, const TextEncoding& encoding) {

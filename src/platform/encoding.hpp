@@ -38,6 +38,11 @@ struct DecodedText {
 /// byte that had no meaning on reading is written as that byte.
 [[nodiscard]] std::string EncodeProjectText(std::string_view text, const TextEncoding& encoding);
 
+/// What to write for an XML text whose declaration says ISO-8859-1: the text as it is where that
+/// gives the same text back, to any reader of XML. Elsewhere it is to be UTF-8, and says so: a
+/// reference in place of a character is not read everywhere.
+[[nodiscard]] DecodedText XmlToWrite(std::string text);
+
 /// Decodes `bytes` by `encoding`, references left alone.
 [[nodiscard]] std::string DecodeText(std::string_view bytes, const TextEncoding& encoding);
 

@@ -30,10 +30,11 @@ std::string TextFiles::ReadXml(std::string_view path) {
     return DecodeXmlText(files_.ReadFile(path), code_page_).text;
 }
 
-bool TextFiles::WriteLatin1AndSwap(std::string_view path, std::string_view text, Backup backup,
-                                   const Trap& trap) {
-    encodings_[std::string(path)] = {TextEncoding::Form::kAnsi, kLatin1CodePage};
-    return WriteAndSwap(path, text, backup, trap);
+bool TextFiles::WriteXmlAndSwap(std::string_view path, std::string text, Backup backup,
+                                const Trap& trap) {
+    const DecodedText xml = XmlToWrite(std::move(text));
+    encodings_[std::string(path)] = xml.encoding;
+    return WriteAndSwap(path, xml.text, backup, trap);
 }
 
 std::string TextFiles::Encoded(std::string_view path, std::string_view text) const {

@@ -66,9 +66,9 @@ class TextFiles {
     bool WriteAndSwap(std::string_view path, std::string_view text, Backup backup,
                       const Trap& trap);
 
-    /// The same for an XML file whose head says ISO-8859-1, whatever its encoding was before.
-    bool WriteLatin1AndSwap(std::string_view path, std::string_view text, Backup backup,
-                            const Trap& trap);
+    /// The same for an XML text whose head says ISO-8859-1, whatever the file's encoding was
+    /// before. Where the text does not fit that, both are UTF-8.
+    bool WriteXmlAndSwap(std::string_view path, std::string text, Backup backup, const Trap& trap);
 
     [[nodiscard]] FileSystem& Files() const { return files_; }
 

@@ -125,6 +125,32 @@ TEST(ProjectText, OtherReferencesStayText) {
     EXPECT_EQ(DecodeText("\xE9 &#1078;", {Form::kAnsi, 1252}), "é &#1078;") << "of a topic";
 }
 
+TEST(XmlText, IsUtf8WhereItDoesNotFitTheDeclaration) {
+    const std::string head = "<?xml version='1.0' encoding='ISO-8859-1'  ?>\r\n";
+    const std::pair<std::string, bool> cases[] = {
+        {"a \"é\" ÿ \u00A0 &#233; &#65; &amp;", true},
+        {Lone(0x93) + "é", true},
+        {"Save as…", false},
+        {"\u0081", false},
+        {"“é”", false},
+        {"Привет, 日本語 😀", false},
+        {"typed as &#8211;, and so to stay", false},
+    };
+    for (const auto& [text, fits] : cases) {
+        const DecodedText xml = XmlToWrite(head + text);
+        const std::string bytes = EncodeProjectText(xml.text, xml.encoding);
+        EXPECT_EQ(bytes.find(fits ? "encoding='ISO-8859-1'  ?>" : "encoding='UTF-8'  ?>"), 20U)
+            << text;
+        if (!fits) {
+            EXPECT_TRUE(bytes.ends_with("\r\n" + text)) << text;
+        }
+        if (text.starts_with(Lone(0x93))) continue;
+        EXPECT_TRUE(DecodeXmlText(bytes, 1251).text.ends_with("\r\n" + text)) << text;
+    }
+    const DecodedText bare = XmlToWrite("<a>ж</a>");
+    EXPECT_EQ(EncodeProjectText(bare.text, bare.encoding), "<a>ж</a>");
+}
+
 TEST(LanguageOption, NumberDecides) {
     for (const char* option : {"", "   ", "English", "0x", "0", "-1033", "99999999999"}) {
         EXPECT_EQ(CodePageOfLanguageOption(option), 0) << "'" << option << "'";

@@ -155,7 +155,7 @@ void JavaWriteHelpSetFile(MainForm& main) {
     const Trap trap(main.log, "MainForm JavaWriteHelpSetFile: ");
     const std::string text = WriteHelpSet(main.project, main.contents.Tree1.Count() > 0,
                                           main.keywords.ListKeywords.Count() > 0);
-    main.texts.WriteLatin1AndSwap(main.project.proj, text, Backup::kKept, trap);
+    main.texts.WriteXmlAndSwap(main.project.proj, text, Backup::kKept, trap);
 }
 
 }  // namespace quorrel

@@ -205,7 +205,7 @@ void JavaWriteIndex(MainForm& main) {
     std::string text;
     if (!trap([&] { text = WriteIndexXml(main.keywords.ListKeywords, main.topics); })) return;
     // What could not be written is written by the next save.
-    main.keywords.index_dirty = !main.texts.WriteLatin1AndSwap(file, text, Backup::kKept, trap);
+    main.keywords.index_dirty = !main.texts.WriteXmlAndSwap(file, text, Backup::kKept, trap);
 }
 
 }  // namespace quorrel

@@ -116,7 +116,7 @@ void JavaWriteMapFile(MainForm& main) {
     const std::string& proj = main.project.proj;
     std::string& file = main.project.java_map_file;
     if (file.empty()) file = std::string(BaseName(proj)) + ".jhm";
-    main.texts.WriteLatin1AndSwap(file, WriteMap(main.topics, proj), Backup::kKept, trap);
+    main.texts.WriteXmlAndSwap(file, WriteMap(main.topics, proj), Backup::kKept, trap);
 }
 
 }  // namespace quorrel

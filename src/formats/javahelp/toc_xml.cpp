@@ -92,7 +92,7 @@ void JavaWriteTOC(MainForm& main) {
     const bool replaces = main.files.FileExists(file);
     const std::string text = WriteTocXml(main.contents.Tree1);
     // What could not be written is written by the next save.
-    main.contents.toc_dirty = !main.texts.WriteLatin1AndSwap(file, text, Backup::kNone, trap);
+    main.contents.toc_dirty = !main.texts.WriteXmlAndSwap(file, text, Backup::kNone, trap);
     if (main.contents.toc_dirty || !replaces) return;
     // Unlike all other files this one gets no backup: the old file goes first, then an earlier
     // backup, and then the old file would become the backup. That it is gone by then is logged, at
