@@ -5,6 +5,7 @@
 #include "formats/javahelp/index_xml.hpp"
 #include "formats/javahelp/jhm.hpp"
 #include "formats/javahelp/toc_xml.hpp"
+#include "formats/javahelp/xml_items.hpp"
 #include "platform/text.hpp"
 #include "support/model_text.hpp"
 #include "support/project_fixture.hpp"
@@ -54,6 +55,27 @@ TEST(HelpSet, ManyOpenViewsCostOnePass) {
 }
 
 TEST(Map, PagesAreTopicsAndAllElseAliases) {
+TEST(XmlAttribute, IsFoundByItsWholeNameOutsideOfQuotes) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"<tocitem text=\"the target=x\" target=\"a\"/>", "a"},
+        {"<tocitem text=\"Map a target\"/>", ""},
+        {"<tocitem image=\"target\" retarget=\"b\" TARGET = \"a b\">", "a b"},
+        {"<tocitem text='x > \"target\"' target='a\"b'/>", "a\"b"},
+        {"<tocitem\ttext=\"a\"b\" c=d target=a/>", "a/"},
+        {"<tocitem target=a image=b>", "a"},
+        {"<tocitem target=\"a", ""},
+        {"<tocitem target=\"a>", "a"},
+        {"</tocitem><tocitem target=\"a\">", ""},
+        {"<tocitem text=\"a\" target=\"b\"", ""},
+        {"<tocitem = target= >", ""},
+        {"target=\"a\"", ""},
+        {"<", ""},
+    };
+    for (const auto& [tag, value] : cases) EXPECT_EQ(XmlAttribute(tag, 0, "TARGET"), value) << tag;
+    EXPECT_EQ(XmlAttribute("<a target=\"b\"><a target=\"c\">", 1, "TARGET"), "c");
+    EXPECT_EQ(XmlAttribute("<a>", 9, "TARGET"), "");
+}
+
     TopicTables tables;
     ReadMap(
         "<map>\n <mapID target=\" b \" url=\"html/B.HTML\"/> <mapID target=\"x\" url=\"x.htm\"/>\n"

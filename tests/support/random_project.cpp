@@ -74,9 +74,9 @@ RandomProject::Keyword RandomProject::MakeKeyword(int& number) {
 
 std::string RandomProject::Word() {
     static constexpr const char* kPieces[] = {
-        "a", "B",    " c",   "  ",        "&",       "&amp;", "&lt;", "%22", "'",
-        ";", "\xE9", "\\",   "/",         "&#1078;", "=text", "<",    "#",   "(1)",
-        "?", "name", "\x96", "&#128512;", ",",       "=",     "&l"};
+        "a", "B",    " c",   "  ",        "&",       "&amp;", "&lt;", "%22",     "'",
+        ";", "\xE9", "\\",   "/",         "&#1078;", "=text", "<",    "#",       "(1)",
+        "?", "name", "\x96", "&#128512;", ",",       "=",     "&l",   " target", "image="};
     std::string word = "w";
     for (int count = Below(6); count > 0; --count) word += kPieces[Below(std::size(kPieces))];
     return word;

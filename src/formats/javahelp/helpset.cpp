@@ -10,7 +10,6 @@
 #include "platform/text.hpp"
 #include "platform/text_lines.hpp"
 #include "project/paths.hpp"
-#include "project/tag_value.hpp"
 
 namespace quorrel {
 namespace {
@@ -98,8 +97,8 @@ void ReadHelpSet(std::string_view text, ProjectState& project) {
     TakeElement(joined, "<TITLE>", "</TITLE>", project.project_title);
     TakeElement(joined, "<HOMEID>", "</HOMEID>", project.project_def_topic);
     if (const std::size_t map = FindIgnoringAsciiCase(joined, "<MAPREF"); map != npos) {
-        project.java_map_file = MakeFullPath(
-            TagValue(joined, map + 1, "LOCATION", "", TagMode::kRead), project.proj_path);
+        project.java_map_file =
+            MakeFullPath(XmlAttribute(joined, map, "LOCATION"), project.proj_path);
     }
     TakeViews(joined, project);
     project.hhcfile = MakeFullPath(project.hhcfile, project.proj_path);

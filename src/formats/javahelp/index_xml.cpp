@@ -7,7 +7,6 @@
 #include "platform/text_lines.hpp"
 #include "project/keyword_cell.hpp"
 #include "project/paths.hpp"
-#include "project/tag_value.hpp"
 
 namespace quorrel {
 namespace {
@@ -39,7 +38,7 @@ class IndexReader {
   private:
     void TakeItem(std::string_view line) {
         const std::string text = UndoEscapes(ItemText(line));
-        const std::string target = TagValue(line, 1, "TARGET", "", TagMode::kRead);
+        const std::string target = XmlAttribute(line, 0, "TARGET");
         if (next_level_ > level_) parent_ = text;
         const bool is_sub_entry = level_ > 1;
         const std::size_t indent = is_sub_entry ? static_cast<std::size_t>(level_) * 3 : 0;

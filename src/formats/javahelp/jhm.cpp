@@ -5,7 +5,6 @@
 #include "platform/text.hpp"
 #include "platform/text_lines.hpp"
 #include "project/paths.hpp"
-#include "project/tag_value.hpp"
 #include "project/topic_title.hpp"
 
 namespace quorrel {
@@ -65,9 +64,8 @@ void ReadMap(std::string_view text, std::string_view proj_path, ListView& ListTo
         const std::string_view line = lines.ReadLine();
         const std::size_t place = FindIgnoringAsciiCase(line, "<MAPID");
         if (place == npos) continue;
-        const std::string address =
-            MakeFullPath(TagValue(line, place + 1, "URL", "", TagMode::kRead), proj_path);
-        const std::string attribute = TagValue(line, place + 1, "TARGET", "", TagMode::kRead);
+        const std::string address = MakeFullPath(XmlAttribute(line, place, "URL"), proj_path);
+        const std::string attribute = XmlAttribute(line, place, "TARGET");
         const std::string_view url = Trim(address);
         const std::string_view target = Trim(attribute);
         // Any ending that begins like that of an HTML file counts as one.

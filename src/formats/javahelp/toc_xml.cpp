@@ -8,7 +8,6 @@
 #include "platform/text_budget.hpp"
 #include "platform/text_lines.hpp"
 #include "project/paths.hpp"
-#include "project/tag_value.hpp"
 
 namespace quorrel {
 namespace {
@@ -49,8 +48,8 @@ void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree
         next_level += LevelChange(line, "TOCITEM");
         trap([&] { parents.At(level) = count; });
         if (ContainsIgnoringAsciiCase(line, "<TOCITEM")) {
-            const std::string target = TagValue(line, 1, "TARGET", "", TagMode::kRead);
-            const std::string image = TagValue(line, 1, "IMAGE", "", TagMode::kRead);
+            const std::string target = XmlAttribute(line, 0, "TARGET");
+            const std::string image = XmlAttribute(line, 0, "IMAGE");
             trap([&] {
                 TreeNode* parent = level == 1 ? nullptr : &tree.At(parents.At(level - 1));
                 TreeNode& node = tree.Add(parent, NodeRelation::kChild, ItemText(line),

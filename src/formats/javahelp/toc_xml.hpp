@@ -14,8 +14,7 @@ struct MainForm;
 
 /// Appends the items of `text` to `tree`. A target is looked for among the topics, then among the
 /// aliases, with its exact case; one that neither knows keeps its id without a location. Items
-/// nested too deep are logged and not placed. No escape is undone. A caption with "image" or
-/// "target" in it hides the attribute of that name: the next value on the line is taken for it.
+/// nested too deep are logged and not placed. No escape is undone.
 void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree, const Trap& trap);
 
 /// The text of the file. Of a node only the caption, the target and the image are kept: a location

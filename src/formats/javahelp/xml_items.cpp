@@ -1,9 +1,79 @@
 #include "formats/javahelp/xml_items.hpp"
 
+#include <algorithm>
+
 #include "platform/text.hpp"
-#include "project/tag_value.hpp"
 
 namespace quorrel {
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+
+/// Takes the attributes of a tag one after the other. What is no attribute, a "/" or a piece of a
+/// value that has quotes in it, is passed over.
+class TagAttributes {
+  public:
+    TagAttributes(std::string_view text, std::size_t start)
+        : text_(text), at_(text.find('<', std::min(start, text.size()))) {
+        if (at_ != npos) at_ = text_.find_first_of(" \t>", at_);
+    }
+
+    /// False at the end of the tag and where it has none.
+    bool Next() {
+        at_ = text_.find_first_not_of(kBlanks, at_);
+        if (at_ == npos || text_[at_] == '>') return false;
+        const std::size_t name_end = text_.find_first_of(" \t=>", at_);
+        name_ = text_.substr(at_, name_end - at_);
+        value_ = {};
+        at_ = text_.find_first_not_of(kBlanks, name_end);
+        if (at_ == npos) return false;
+        if (text_[at_] == '=') TakeValue();
+        return at_ != npos;
+    }
+    [[nodiscard]] std::string_view Name() const { return name_; }
+    [[nodiscard]] std::string_view Value() const { return value_; }
+    /// The offset of the tag's ">" when Next has given false; npos where it has none.
+    [[nodiscard]] std::size_t End() const { return at_; }
+
+  private:
+    void TakeValue() {
+        const std::size_t begin = text_.find_first_not_of(kBlanks, at_ + 1);
+        if (begin == npos) {
+            at_ = npos;
+            return;
+        }
+        const char quote = text_[begin];
+        const bool is_quoted = quote == '"' || quote == '\'';
+        const std::size_t close = is_quoted ? text_.find(quote, begin + 1) : npos;
+        if (close != npos) {
+            value_ = text_.substr(begin + 1, close - begin - 1);
+            at_ = close + 1;
+            return;
+        }
+        at_ = text_.find_first_of(is_quoted ? ">" : " \t>", begin);
+        const std::size_t from = is_quoted ? begin + 1 : begin;
+        value_ = text_.substr(from, at_ - from);
+    }
+
+    std::string_view text_;
+    std::size_t at_;
+    std::string_view name_;
+    std::string_view value_;
+};
+
+}  // namespace
+
+std::string XmlAttribute(std::string_view text, std::size_t start, std::string_view name) {
+    TagAttributes attributes(text, start);
+    std::string_view value;
+    bool found = false;
+    while (attributes.Next()) {
+        if (found || UpperAscii(attributes.Name()) != name) continue;
+        value = attributes.Value();
+        found = true;
+    }
+    return attributes.End() == npos ? std::string() : std::string(value);
+}
 
 int LevelChange(std::string_view line, std::string_view element) {
     int change = 0;
@@ -14,11 +84,12 @@ int LevelChange(std::string_view line, std::string_view element) {
 }
 
 std::string ItemText(std::string_view line) {
-    std::string text = TagValue(line, 1, "TEXT", "", TagMode::kRead);
-    const std::size_t end_of_tag = line.find('>');
-    if (text.empty() && end_of_tag != npos) {
-        const std::string_view rest = line.substr(end_of_tag + 1);
-        text = rest.substr(0, rest.find('<'));
+    std::string text = XmlAttribute(line, 0, "TEXT");
+    if (text.empty()) {
+        TagAttributes attributes(line, 0);
+        while (attributes.Next()) continue;
+        const std::string_view rest = line.substr(std::min(attributes.End(), line.size()));
+        if (!rest.empty()) text = rest.substr(1, rest.find('<') - 1);
     }
     return text.empty() ? "Untitled" : text;
 }

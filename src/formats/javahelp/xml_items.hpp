@@ -12,6 +12,13 @@ namespace quorrel {
 /// one and each line with "/>" down. `element` is the item's name in upper case.
 [[nodiscard]] int LevelChange(std::string_view line, std::string_view element);
 
+/// The value of an attribute of the first tag in `text` from `start` on, or nothing. The name is in
+/// upper case and is compared whole, and not with what stands in quotes. A tag ends at the first
+/// ">" outside of quotes; a quote that nothing closes ends there too, and without a ">" nothing is
+/// read.
+[[nodiscard]] std::string XmlAttribute(std::string_view text, std::size_t start,
+                                       std::string_view name);
+
 /// The "text" attribute of an item's line; without one what stands between the first ">" and the
 /// next "<"; without that "Untitled".
 [[nodiscard]] std::string ItemText(std::string_view line);
