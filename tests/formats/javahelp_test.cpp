@@ -155,11 +155,15 @@ TEST_F(Items, IndexItemsBecomeRows) {
     EXPECT_EQ(tables.ListTopics.At(1).SubItems(topic_cell::kKeywords), "a <1> \"q\";b    :c;");
 }
 
-TEST_F(Items, ARepeatThatOpensAGroupGivesItsNumberedText) {
-    EXPECT_EQ(Index("<indexitem text=\"P\" target=\"a\"/>\n<indexitem text=\"P (2)\" "
-                    "target=\"mark\"> <!-- QR IMULT -->\n"
-                    "<indexitem text=\"s\"/>\n</indexitem>\n"),
-              (Lines{"P|P|Title A>C:\\p\\a.htm;:mark>C:\\p\\a.htm#m;:", "      s|P (2)    :s|"}));
+TEST_F(Items, ARepeatStandsForItsRow) {
+    const std::string repeated =
+        "<indexitem text=\"P\" target=\"mark\"/>\n"
+        "<indexitem text=\"P (2)\" target=\"a\"> <!-- QR IMULT -->\n"
+        "<indexitem text=\"s\"/>\n</indexitem>\n";
+    EXPECT_EQ(Index(repeated + "<indexitem text=\"P (2)\"/>\n"),
+              (Lines{"P|P|mark>C:\\p\\a.htm#m;:Title A>C:\\p\\a.htm;:", "      s|P    :s|",
+                     "P (2)|P (2)|"}));
+    EXPECT_EQ(tables.ListTopics.At(1).SubItems(topic_cell::kKeywords), "P;");
     EXPECT_EQ(Index("<indexitem text=\"P\" target=\"a\"/> <!-- QR IMULT -->\n"), Lines{});
     EXPECT_EQ(log_lines, (Lines{"test: 91 Object variable or With block variable not set"}));
 }

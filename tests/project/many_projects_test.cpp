@@ -36,15 +36,12 @@ void EscapeCaptions(const Saved& saved) {
         tree.At(i).Text = ReplaceAll(tree.At(i).Text, "<", "&lt;");
 }
 
-/// Makes the keywords of the topics anew; `numbered` as the repeated lines of a keyword give them.
-void MakeKeywordsOfTopics(const Saved& saved, bool numbered) {
+void OrderKeywordsOfTopics(const Saved& saved) {
     ListView& topics = saved.main.topics.ListTopics;
     for (int i = 1; i <= topics.Count(); ++i) topics.At(i).SetSubItem(topic_cell::kKeywords, "");
     for (const ListRow* row : saved.keywords) {
-        int number = 0;
+        const std::string& key = row->SubItems(keyword_cell::IDX_FULLKEY);
         for (const IndexTarget& target : IndexTargets(row->SubItems(keyword_cell::IDX_TITLEPATH))) {
-            std::string key = row->SubItems(keyword_cell::IDX_FULLKEY);
-            if (++number > 1 && numbered) key += " (" + std::to_string(number) + ")";
             ListRow* topic = topics.FirstWith(topic_cell::kFullPath, target.path);
             if (topic == nullptr || Contains(topic->SubItems(topic_cell::kKeywords), key)) continue;
             topic->AppendToSubItem(topic_cell::kKeywords, key + ";");
@@ -52,29 +49,8 @@ void MakeKeywordsOfTopics(const Saved& saved, bool numbered) {
     }
 }
 
-void OrderKeywordsOfTopics(const Saved& saved) {
-    MakeKeywordsOfTopics(saved, false);
-}
-void NumberKeywordsOfTopics(const Saved& saved) {
-    MakeKeywordsOfTopics(saved, true);
-}
-
 void ForEachKeyword(const Saved& saved, void (*change)(const Saved&, ListRow&)) {
     for (ListRow* row : saved.keywords) change(saved, *row);
-}
-
-/// Renames the main key of a sub-key, or takes it away.
-void SetMainKey(ListRow& row, const std::string& main_key) {
-    const std::string sub_key(TrimLeft(row.Text()));
-    row.SetSubItem(keyword_cell::IDX_FULLKEY,
-                   main_key.empty() ? sub_key : main_key + kSubKeyMark + sub_key);
-    if (main_key.empty()) row.SetText(sub_key);
-}
-
-std::string MainKey(const ListRow& row) {
-    const std::string& key = row.SubItems(keyword_cell::IDX_FULLKEY);
-    const std::size_t mark = key.find(kSubKeyMark);
-    return mark == npos ? "" : key.substr(0, mark);
 }
 
 const Difference kHtmlHelp[] = {
@@ -148,19 +124,7 @@ const Difference kJavaHelp[] = {
     {"the escapes of a caption are written and not undone", EscapeCaptions},
     {"the map has its images first", PutImagesFirst},
     {"a HelpSet names no file for a view without entries", NameNoFileWithoutEntries},
-    {"what is below a repeated line of a keyword has lost its main key by the second save",
-     [](const Saved& saved) {
-         ForEachKeyword(saved, [](const Saved& all, ListRow& row) {
-             const ListView& table = all.main.keywords.ListKeywords;
-             const std::string main_key = MainKey(row);
-             if (main_key.empty()) return;
-             if (table.FirstWithExactly(keyword_cell::IDX_FULLKEY, main_key) == nullptr) {
-                 SetMainKey(row, "");
-             }
-         });
-     }},
-    {"topics have their keywords in the order of the index, by the text of their line",
-     NumberKeywordsOfTopics},
+    {"the keywords of a topic come in the order of the index", OrderKeywordsOfTopics},
 };
 
 /// What a map id leads to when the files are read: title and path.
@@ -257,20 +221,8 @@ const Difference kConversion[] = {
              row.SetSubItem(keyword_cell::IDX_TITLEPATH, targets);
          });
      }},
-    {"sub-keys are below the last of several lines of their main key, with its number",
-     [](const Saved& saved) {
-         ForEachKeyword(saved, [](const Saved& all, ListRow& row) {
-             const std::string main_key = MainKey(row);
-             const ListRow* head = all.main.keywords.ListKeywords.FirstWithExactly(
-                 keyword_cell::IDX_FULLKEY, main_key);
-             if (main_key.empty() || head == nullptr) return;
-             const auto lines = IndexTargets(head->SubItems(keyword_cell::IDX_TITLEPATH)).size();
-             if (lines > 1) SetMainKey(row, main_key + " (" + std::to_string(lines) + ")");
-         });
-     }},
     {"a HelpSet names no file for a view without entries", NameNoFileWithoutEntries},
-    {"topics have their keywords in the order of the index, by the text of their line",
-     NumberKeywordsOfTopics},
+    {"the keywords of a topic come in the order of the index", OrderKeywordsOfTopics},
 };
 
 void AddTable(std::string& state, const char* name, const ListView& table, std::vector<int> cells) {

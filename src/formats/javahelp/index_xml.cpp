@@ -37,22 +37,31 @@ class IndexReader {
 
   private:
     void TakeItem(std::string_view line) {
-        const std::string text = UndoEscapes(ItemText(line));
-        const std::string target = XmlAttribute(line, 0, "TARGET");
-        if (next_level_ > level_) parent_ = text;
+        const bool repeats = Contains(line, kRepeatMark);
+        // A repeat stands for its row, under whatever number: also as the head of a group.
+        if (!repeats || row_ == nullptr) text_ = UndoEscapes(ItemText(line));
+        if (next_level_ > level_) parent_ = text_;
+        if (repeats || AddRow()) AddTarget(XmlAttribute(line, 0, "TARGET"));
+    }
+
+    /// False where there is no room for the row.
+    bool AddRow() {
         const bool is_sub_entry = level_ > 1;
         const std::size_t indent = is_sub_entry ? static_cast<std::size_t>(level_) * 3 : 0;
-        if (is_sub_entry && !budget_.Take(indent + parent_.size())) return;
-        const std::string full_key = is_sub_entry ? parent_ + kSubKeyMark + text : text;
-        if (!Contains(line, kRepeatMark)) {
-            row_ = &table_.Add(std::string(indent, ' ') + text);
-            row_->SetSubItem(keyword_cell::IDX_FULLKEY, full_key);
-        }
+        row_ = nullptr;
+        if (is_sub_entry && !budget_.Take(indent + parent_.size())) return false;
+        row_ = &table_.Add(std::string(indent, ' ') + text_);
+        row_->SetSubItem(keyword_cell::IDX_FULLKEY,
+                         is_sub_entry ? parent_ + kSubKeyMark + text_ : text_);
+        return true;
+    }
+
+    void AddTarget(std::string_view target) {
         if (target.empty()) return;
-        const std::string entry = EntryFor(target, full_key);
-        if (!budget_.Take(entry.size())) return;
         trap_([&] {
             if (row_ == nullptr) throw RuntimeError(run_time_error::kObjectNotSet);
+            const std::string entry = EntryFor(target, row_->SubItems(keyword_cell::IDX_FULLKEY));
+            if (!budget_.Take(entry.size())) return;
             row_->AppendToSubItem(keyword_cell::IDX_TITLEPATH, entry);
         });
     }
@@ -73,9 +82,10 @@ class IndexReader {
     TextBudget budget_;
     KeywordCells cells_;
     ListRow* row_ = nullptr;
+    std::string text_;  // of the row, without its indent
+    std::string parent_;
     int level_ = 1;
     int next_level_ = 1;
-    std::string parent_;
 };
 
 /// Whether a sub-key of `main_key` stands anywhere in `full_key`; not only at its beginning.

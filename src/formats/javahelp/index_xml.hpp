@@ -14,7 +14,8 @@ namespace quorrel {
 struct MainForm;
 
 /// Appends the items of `text` to the keyword table, and their keywords to the topics that they
-/// lead to. A line with the program's repeat mark adds its target to the row before.
+/// lead to. A line with the program's repeat mark adds its target to the row before, and a group
+/// that it opens is that row's.
 void ReadIndexXml(std::string_view text, KeywordState& keywords, TopicTables& tables,
                   const Trap& trap);
 
