@@ -65,11 +65,23 @@ void FormProjectSettings::LoadFields() {
     EditTOCFile.Text = ShownName(project.hhcfile);
     EditIndexFile.Text = ShownName(project.hhkfile);
     EditTitle.Text = project.project_title;
+    if (settings.is_javahelp_edition) OfferMapIds();
     EditHomeID.Text = project.project_def_topic;
     CheckJavaFTS.Value = project.javahelp_do_fts;
     EditViewerPath.Text = settings.is_javahelp_edition ? settings.javahelp_viewer : settings.hhc;
     EditIndexerpath.Text = settings.javahelp_indexer;
     EditJARPath.Text = settings.javahelp_jar;
+}
+
+void FormProjectSettings::OfferMapIds() {
+    std::vector<std::string> ids;
+    const ListView& topics = main_.topics.ListTopics;
+    for (int i = 1; i <= topics.Count(); ++i) {
+        const std::string& id = topics.At(i).SubItems(topic_cell::kMapId);
+        if (!id.empty()) ids.push_back(id);
+    }
+    std::sort(ids.begin(), ids.end());
+    for (std::string& id : ids) EditHomeID.AddItem(std::move(id));
 }
 
 void FormProjectSettings::LoadImages() {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/controls/combo_box.hpp"
 #include "platform/controls/control.hpp"
 #include "platform/controls/list_view.hpp"
 #include "platform/controls/strips.hpp"
@@ -39,7 +40,8 @@ class FormProjectSettings : public Form {
 
     // HelpSet or Help Project
     Control LabelHomeID;
-    TextBox EditTitle, EditHomeID;
+    TextBox EditTitle;
+    TextComboBox EditHomeID;  // of a JavaHelp project with the map ids of the topics to choose from
     CheckBox CheckJavaFTS;
 
     // The tools, as the paths that the settings have.
@@ -71,6 +73,7 @@ class FormProjectSettings : public Form {
   private:
     void LoadCaptions();
     void LoadFields();
+    void OfferMapIds();
     void LoadImages();
     /// Marks the project to be saved if its files have to be written anew.
     void NoteChange();

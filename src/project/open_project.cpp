@@ -84,10 +84,10 @@ void ConvertInMemory(MainForm& main) {
     main.keywords.index_dirty = true;
 }
 
-/// The default topic of a converted project is a path, until the author names a map id.
+/// The contents of a project just converted have a map id for each location.
 void TakeFirstLocationAsDefault(MainForm& main) {
     const TreeNode& node = FirstNodeWithLocation(main.contents.Tree1);
-    main.project.project_def_topic = UnpackNodeData(node.Tag).location;
+    main.project.project_def_topic = UnpackNodeData(node.Tag).target;
 }
 
 void CopyArrowPictures(MainForm& main) {

@@ -1,6 +1,7 @@
 #include "ui/dialog_fields.hpp"
 
 #include <QComboBox>
+#include <QCompleter>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -76,7 +77,11 @@ QComboBox* MakeTextCombo(const char* name, TextComboBox& control) {
     box->setEditable(true);
     box->setInsertPolicy(QComboBox::NoInsert);
     FollowControl(box, control);
-    for (const std::string& item : control.List()) box->addItem(ToQt(item));
+    // Completed in place, "a" would become "about" by the Enter key.
+    box->completer()->setCompletionMode(QCompleter::PopupCompletion);
+    QStringList items;
+    for (const std::string& item : control.List()) items += ToQt(item);
+    box->addItems(items);
     const auto show = [box, &control] {
         const QString text = ToQt(control.Text());
         if (box->currentText() != text) box->setEditText(text);

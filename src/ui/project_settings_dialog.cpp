@@ -1,6 +1,7 @@
 #include "ui/project_settings_dialog.hpp"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QFormLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -79,9 +80,12 @@ QWidget* ProjectSettingsDialog::MakeProjectPage() {
     auto* rows = new QFormLayout(page);
     QLineEdit* title = MakeEdit("EditTitle", form_.EditTitle);
     rows->addRow(MakeLabel("&Title:", title), title);
-    // A map id is no path.
-    QLineEdit* topic = form_.HasImages() ? MakeEdit("EditHomeID", form_.EditHomeID)
-                                         : MakePathEdit("EditHomeID", form_.EditHomeID, Paths());
+    QWidget* topic = nullptr;
+    if (form_.HasImages()) {
+        topic = MakeTextCombo("EditHomeID", form_.EditHomeID);
+    } else {
+        topic = MakePathEdit("EditHomeID", form_.EditHomeID, Paths());
+    }
     rows->addRow(MakeLabel("LabelHomeID", form_.LabelHomeID, topic), topic);
     auto* search = new QCheckBox;
     search->setObjectName("CheckJavaFTS");

@@ -59,6 +59,9 @@ TEST_F(ProjectOptions, OfHtmlHelpGoToProjectAndSettings) {
 TEST_F(ProjectOptions, OfJavaHelpReplaceTheImages) {
     folder.Write("java/guide.hs", "<helpset><title>G</title></helpset>");
     Open("java/guide.hs", "");
+    for (const char* id : {"second", "", "first"}) {
+        main.topics.ListTopics.Add("T").SetSubItem(topic_cell::kMapId, id);
+    }
     main.topics.ListAliases.Clear();
     for (const auto& [id, path] : {std::pair{"top", folder.Windows("java/Images/top.GIF")},
                                    {"mark", folder.Windows("java/HTML/a.htm#mark")},
@@ -67,6 +70,7 @@ TEST_F(ProjectOptions, OfJavaHelpReplaceTheImages) {
     }
     InDialog<FormProjectSettings>("FormProjectSettings", [&](FormProjectSettings& form) {
         EXPECT_EQ(form.LabelHomeID.Caption(), "Default Topic (MapID)");
+        EXPECT_EQ(form.EditHomeID.List(), (std::vector<std::string>{"first", "second"}));
         ASSERT_EQ(form.ListAliases.Count(), 2);
         InDialog<FormAddGraphic>("FormAddGraphic", [&](FormAddGraphic& add) {
             screen.ExpectMessage("You must enter both a graphic path and a MapID");
