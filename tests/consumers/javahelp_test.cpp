@@ -85,8 +85,7 @@ TEST_F(JavaHelpTools, AViewerReadsAConvertedProject) {
     test::CopySample(folder, "htmlhelp");
     Convert("p/sourdough.hhp");
     const test::ProjectSession session(folder, "p/sourdough.hhp", "html");
-    // Its home is a path until the author chooses a map id, and a viewer takes it for none.
-    EXPECT_EQ(View("p/sourdough.hs").output, Expected(session.main, "none"));
+    EXPECT_EQ(View("p/sourdough.hs").output, Expected(session.main, "opens"));
 }
 
 TEST_F(JavaHelpTools, TheTopicsOfAConvertedProjectAreFound) {
@@ -117,6 +116,36 @@ TEST_F(JavaHelpTools, TheTopicsOfAConvertedProjectAreFound) {
             found.insert(line.substr(begin + 2, line.find(" [") - begin - 2));
         }
         EXPECT_EQ(found, holding) << word << "\n" << query.output;
+    }
+}
+
+TEST_F(JavaHelpTools, AViewerReadsAllLettersAndFilesInSubFolders) {
+    SKIP_WITHOUT_JAVAHELP();
+    folder.Write("p/html/a.htm", "<title>A</title><body>a</body>");
+    folder.Write("p/g.hs",
+                 "<?xml version='1.0' encoding='utf-8'?><title>Справка</title><homeID>a</homeID>\n"
+                 "<mapref location=\"maps\\g.jhm\"/>\n"
+                 "<view><data>sub/t.xml</data>TOCView</view>\n"
+                 "<view><data>sub/i.xml</data>IndexView</view>\n");
+    folder.Write("p/maps/g.jhm",
+                 "<mapID target=\"a\" url=\"../html/a.htm\"/>\n"
+                 "<mapID target=\"b\" url=\"html/a.htm#b\"/>\n");
+    folder.Write("p/sub/t.xml",
+                 "<tocitem text=\"Save as…\" target=\"a\">\n"
+                 "<tocitem text=\"“The target=quoted”\" target=\"b\"/>\n"
+                 "<tocitem text=\"Привет, 日本語\"/>\n</tocitem>\n");
+    folder.Write("p/sub/i.xml",
+                 "<indexitem text=\"«é»\" target=\"a\"/>\n"
+                 "<indexitem text=\"日…\" target=\"b\"/>\n");
+    ASSERT_NO_FATAL_FAILURE(
+        test::RunCommand(folder, {"--edition", "javahelp", "resave", "--all"}, "p/g.hs"));
+    EXPECT_EQ(View("p/g.hs texts").output,
+              "title: Справка\nhome: opens\nmap: 2 ids, 2 open\n"
+              "contents1: Save as… -> a\ncontents2: “The target=quoted” -> b\n"
+              "contents2: Привет, 日本語\nindex1: «é» -> a\nindex1: 日… -> b\n");
+    for (const std::string file : {"g.hs", "maps/g.jhm", "sub/t.xml", "sub/i.xml"}) {
+        const ToolRun run = RunTool(folder.Native("p"), "xmllint --nonet --noent --noout " + file);
+        EXPECT_EQ(run.status, 0) << run.output;
     }
 }
 

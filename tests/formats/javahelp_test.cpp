@@ -7,6 +7,7 @@
 #include "formats/javahelp/toc_xml.hpp"
 #include "formats/javahelp/xml_items.hpp"
 #include "platform/text.hpp"
+#include "project/paths.hpp"
 #include "support/model_text.hpp"
 #include "support/project_fixture.hpp"
 
@@ -54,7 +55,6 @@ TEST(HelpSet, ManyOpenViewsCostOnePass) {
     EXPECT_EQ(project.hhcfile, "\\x");
 }
 
-TEST(Map, PagesAreTopicsAndAllElseAliases) {
 TEST(XmlAttribute, IsFoundByItsWholeNameOutsideOfQuotes) {
     const std::pair<const char*, const char*> cases[] = {
         {"<tocitem text=\"the target=x\" target=\"a\"/>", "a"},
@@ -76,12 +76,14 @@ TEST(XmlAttribute, IsFoundByItsWholeNameOutsideOfQuotes) {
     EXPECT_EQ(XmlAttribute("<a>", 9, "TARGET"), "");
 }
 
+TEST(Map, PagesAreTopicsAndAllElseAliases) {
     TopicTables tables;
     ReadMap(
         "<map>\n <mapID target=\" b \" url=\"html/B.HTML\"/> <mapID target=\"x\" url=\"x.htm\"/>\n"
-        "<MAPID url=\"missing.htm\" target=\"m\"/>\n<mapID target=\"i\" url=\"i.png\"/>\n"
+        "<MAPID url=\"missing.htm\" target=\"m\"/>\n<mapID target=\"i>url=j\" url=\"i.png\"/>\n"
         "<mapID target=\"a\" url=\"b.html#c\"/>\n<mapID target=\"split\"\n url=\"y.htm\"/>\n",
         "C:\\p", tables.ListTopics, tables.ListAliases,
+        [](const std::string& address) { return MakeFullPath(address, "C:\\p"); },
         [](const std::string& path) -> std::optional<std::string> {
             if (Contains(path, "missing")) return std::nullopt;
             return "T " + path;
@@ -95,7 +97,7 @@ TEST(XmlAttribute, IsFoundByItsWholeNameOutsideOfQuotes) {
         aliases.push_back(tables.ListAliases.At(i).Text() + "|" +
                           tables.ListAliases.At(i).SubItems(1));
     }
-    EXPECT_EQ(aliases, (Lines{"i|C:\\p\\i.png", "a|C:\\p\\b.html#c", "|"}));
+    EXPECT_EQ(aliases, (Lines{"i>url=j|C:\\p\\i.png", "a|C:\\p\\b.html#c", "|"}));
 }
 
 class Items : public testing::Test {

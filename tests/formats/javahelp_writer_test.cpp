@@ -65,14 +65,14 @@ TEST(HelpSetWriter, WritesAViewForWhatIsThere) {
         Head("helpset", "HelpSet") +
         Crlf(
             "<!-- title -->\n<title>A < B & \"C\"</title>\n\n<!-- maps -->\n<maps>\n"
-            "    <homeID>top</homeID>\n    <mapref location=\"sub\\g.jhm\" />\n</maps>\n\n"
+            "    <homeID>top</homeID>\n    <mapref location=\"sub/g.jhm\" />\n</maps>\n\n"
             "<!-- views -->\n");
     const std::string toc = Crlf(
         "<view>\n    <name>TOC</name>\n    <label>Table Of Contents</label>\n"
-        "    <type>javax.help.TOCView</type>\n    <data>sub\\t.xml</data>\n</view>\n\n");
+        "    <type>javax.help.TOCView</type>\n    <data>sub/t.xml</data>\n</view>\n\n");
     const std::string index = Crlf(
         "<view>\n    <name>Index</name>\n    <label>Index</label>\n"
-        "    <type>javax.help.IndexView</type>\n    <data>D:\\i.xml</data>\n</view>\n\n");
+        "    <type>javax.help.IndexView</type>\n    <data>D:/i.xml</data>\n</view>\n\n");
     const std::string search = Crlf(
         "<view>\n    <name>Search</name>\n    <label>Search</label>\n"
         "    <type>javax.help.SearchView</type>\n"
@@ -92,6 +92,7 @@ TEST(MapWriter, PutsImagesFirstAndBookmarksLast) {
     AddAlias(tables, "in_name", "C:\\p\\a.jpg.htm#m");
     AddTopic(tables, "a", "A&", "C:\\p\\html\\sub\\a.htm");
     AddTopic(tables, "b", "", "D:\\b.htm");
+    AddAlias(tables, "", "");
     AddAlias(tables, "web", "http:\\\\x\\y#z");
     EXPECT_EQ(WriteMap(tables, "C:\\p\\g.hs"),
               Head("map", "Map") +

@@ -86,7 +86,7 @@ void AppendView(std::string& text, std::string_view name, std::string_view label
 }
 
 std::string DataOfFile(std::string_view file, std::string_view proj) {
-    return "<data>" + MakeRelPathRel(file, proj) + "</data>";
+    return "<data>" + AddressOf(file, proj) + "</data>";
 }
 
 }  // namespace
@@ -113,8 +113,8 @@ std::string WriteHelpSet(const ProjectState& project, bool has_contents, bool ha
     AppendLine(text, {"<!-- maps -->"});
     AppendLine(text, {"<maps>"});
     AppendLine(text, {"    <homeID>", project.project_def_topic, "</homeID>"});
-    AppendLine(text, {"    <mapref location=\"",
-                      MakeRelPathRel(project.java_map_file, project.proj), "\" />"});
+    AppendLine(
+        text, {"    <mapref location=\"", AddressOf(project.java_map_file, project.proj), "\" />"});
     AppendLine(text, {"</maps>"});
     AppendLine(text, {});
     AppendLine(text, {"<!-- views -->"});

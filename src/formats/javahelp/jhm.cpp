@@ -4,6 +4,7 @@
 #include "formats/javahelp/xml_items.hpp"
 #include "platform/text.hpp"
 #include "platform/text_lines.hpp"
+#include "platform/unicode.hpp"
 #include "project/paths.hpp"
 #include "project/topic_title.hpp"
 
@@ -17,7 +18,7 @@ bool IsImage(const ListRow& alias) {
 
 class MapWriter {
   public:
-    explicit MapWriter(std::string_view proj) : proj_(proj) {
+    explicit MapWriter(std::string_view file) : file_(file) {
         // A second empty line, which the other files do not have.
         AppendLine(text_, {});
     }
@@ -27,8 +28,8 @@ class MapWriter {
         AppendLine(text_, {});
     }
     void Entry(const ListRow& row, int path_cell, const std::string& map_id) {
-        const std::string url =
-            ReplaceAll(MakeRelPathRel(row.SubItems(path_cell), proj_), "\\", "/");
+        const std::string url = AddressOf(row.SubItems(path_cell), file_);
+        if (map_id.empty() && url.empty()) return;
         AppendLine(text_, {"   <mapID target=\"", map_id, "\" url=\"", url, "\"/>"});
     }
     void Aliases(const ListView& ListAliases, bool images) {
@@ -51,20 +52,41 @@ class MapWriter {
     }
 
   private:
-    std::string_view proj_;
+    std::string_view file_;
     std::string text_ = JavaHelpHead("map", "Map");
 };
+
+/// The map's path without the steps up that its address may have.
+std::string PlaceOfMap(const ProjectState& project) {
+    return MakeFullPathRel(MakeRelPathRel(project.java_map_file, project.proj), project.proj);
+}
+
+/// What viewers take for the place of an address: one relative to the map's folder. Of a map beside
+/// the project file that is the project's. A map elsewhere may have been written with addresses
+/// relative to the project's folder.
+std::string PathOf(const MainForm& main, const std::string& address) {
+    const ProjectState& project = main.project;
+    const std::string map = PlaceOfMap(project);
+    const std::string of_project = MakeFullPath(address, project.proj_path);
+    if (EqualsIgnoringCase(BeforeLast(map, '\\', {}), project.proj_path)) return of_project;
+    const std::string of_map = MakeFullPathRel(address, map);
+    const auto exists = [&](std::string_view path) {
+        return main.files.FileExists(path.substr(0, path.find('#')));
+    };
+    return !exists(of_map) && exists(of_project) ? of_project : of_map;
+}
 
 }  // namespace
 
 void ReadMap(std::string_view text, std::string_view proj_path, ListView& ListTopics,
-             ListView& ListAliases, const TitleOfTopic& title_of_topic) {
+             ListView& ListAliases, const PathOfAddress& path_of_address,
+             const TitleOfTopic& title_of_topic) {
     TextLines lines(text);
     while (!lines.AtEnd()) {
         const std::string_view line = lines.ReadLine();
         const std::size_t place = FindIgnoringAsciiCase(line, "<MAPID");
         if (place == npos) continue;
-        const std::string address = MakeFullPath(XmlAttribute(line, place, "URL"), proj_path);
+        const std::string address = path_of_address(XmlAttribute(line, place, "URL"));
         const std::string attribute = XmlAttribute(line, place, "TARGET");
         const std::string_view url = Trim(address);
         const std::string_view target = Trim(attribute);
@@ -84,8 +106,8 @@ void ReadMap(std::string_view text, std::string_view proj_path, ListView& ListTo
     }
 }
 
-std::string WriteMap(const TopicTables& tables, std::string_view proj) {
-    MapWriter writer(proj);
+std::string WriteMap(const TopicTables& tables, std::string_view file) {
+    MapWriter writer(file);
     writer.Heading("Images");
     writer.Aliases(tables.ListAliases, true);
     writer.Heading("Topics");
@@ -101,20 +123,23 @@ void ReadJavaMapFile(MainForm& main) {
     std::string text;
     if (!trap([&] { text = main.texts.ReadXml(main.project.java_map_file); })) return;
     ShownProgress progress(main.window.progress, static_cast<int>(CountLines(text)));
+    const PathOfAddress path_of_address = [&](const std::string& address) {
+        return PathOf(main, address);
+    };
     const TitleOfTopic title_of_topic = [&](const std::string& path) {
         progress.Next();
         return ReadTopicTitle(main.files, path, main.texts.CodePageNumber(), TitlePieces::kTrimmed);
     };
     ReadMap(text, main.project.proj_path, main.topics.ListTopics, main.topics.ListAliases,
-            title_of_topic);
+            path_of_address, title_of_topic);
 }
 
 void JavaWriteMapFile(MainForm& main) {
     const Trap trap(main.log, "MainForm JavaWriteMapFile: ");
-    const std::string& proj = main.project.proj;
     std::string& file = main.project.java_map_file;
-    if (file.empty()) file = std::string(BaseName(proj)) + ".jhm";
-    main.texts.WriteXmlAndSwap(file, WriteMap(main.topics, proj), Backup::kKept, trap);
+    if (file.empty()) file = std::string(BaseName(main.project.proj)) + ".jhm";
+    main.texts.WriteXmlAndSwap(file, WriteMap(main.topics, PlaceOfMap(main.project)), Backup::kKept,
+                               trap);
 }
 
 }  // namespace quorrel

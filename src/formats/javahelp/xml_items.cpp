@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/text.hpp"
+#include "project/paths.hpp"
 
 namespace quorrel {
 namespace {
@@ -118,6 +119,10 @@ std::string ItemIndent(int level) {
 std::string EscapedItemText(std::string_view text) {
     const std::string brackets = ReplaceAll(ReplaceAll(TrimLeft(text), "<", "&lt;"), ">", "&gt;");
     return ReplaceAll(brackets, "\"", "%22");
+}
+
+std::string AddressOf(std::string_view path, std::string_view base) {
+    return ReplaceAll(MakeRelPathRel(path, base), "\\", "/");
 }
 
 std::string ItemAttribute(std::string_view name, std::string_view value) {

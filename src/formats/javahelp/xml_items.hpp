@@ -38,6 +38,9 @@ void AppendLine(std::string& text, std::initializer_list<std::string_view> parts
 /// XML; a quote becomes "%22", which viewers show as that.
 [[nodiscard]] std::string EscapedItemText(std::string_view text);
 
+/// The address of a file in one that lies at `base`: its relative path, with slashes.
+[[nodiscard]] std::string AddressOf(std::string_view path, std::string_view base);
+
 /// A blank and the attribute, its value as it stands; nothing for an empty value.
 [[nodiscard]] std::string ItemAttribute(std::string_view name, std::string_view value);
 

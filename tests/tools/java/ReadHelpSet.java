@@ -1,6 +1,8 @@
-// Reads a HelpSet as a viewer does and prints what came of it: ReadHelpSet FILE.hs
+// Reads a HelpSet as a viewer does and prints what came of it, in UTF-8: ReadHelpSet FILE.hs
+// With a second argument the items' texts stand in place of their numbers.
 import java.io.File;
 import java.io.InputStream;
+import java.io.PrintStream;
 import java.net.URL;
 import java.util.Enumeration;
 import javax.help.HelpSet;
@@ -12,6 +14,8 @@ import javax.help.TreeItem;
 import javax.swing.tree.DefaultMutableTreeNode;
 
 public class ReadHelpSet {
+    private static boolean withTexts;
+
     private static boolean opens(HelpSet set, Map.ID id) {
         try {
             URL url = set.getCombinedMap().getURLFromID(id);
@@ -24,9 +28,23 @@ public class ReadHelpSet {
         }
     }
 
+    private static void printTexts(String name, DefaultMutableTreeNode root) {
+        for (Enumeration<?> e = root.preorderEnumeration(); e.hasMoreElements();) {
+            DefaultMutableTreeNode node = (DefaultMutableTreeNode) e.nextElement();
+            if (!(node.getUserObject() instanceof TreeItem)) continue;
+            TreeItem item = (TreeItem) node.getUserObject();
+            String id = item.getID() == null ? "" : " -> " + item.getID().id;
+            System.out.println(name + node.getLevel() + ": " + item.getName() + id);
+        }
+    }
+
     private static void printView(HelpSet set, String name, DefaultMutableTreeNode root) {
         if (root == null) {
             System.out.println(name + ": unreadable");
+            return;
+        }
+        if (withTexts) {
+            printTexts(name, root);
             return;
         }
         int items = 0, targets = 0, open = 0, depth = 0;
@@ -45,6 +63,8 @@ public class ReadHelpSet {
     }
 
     public static void main(String[] arguments) throws Exception {
+        System.setOut(new PrintStream(System.out, true, "UTF-8"));
+        withTexts = arguments.length > 1;
         HelpSet set = new HelpSet(null, new File(arguments[0]).toURI().toURL());
         System.out.println("title: " + set.getTitle());
         Map.ID home = set.getHomeID();
