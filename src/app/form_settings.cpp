@@ -31,8 +31,7 @@ void FormSettings::OKButton_Click() {
     }
     settings.use_ext_editor = use;
     if (use) settings.ext_editor = path;
-    SetIni(main_, "Settings", "useexted", use ? "1" : "0");
-    SetIni(main_, "Settings", "exted", path);
+    SetIni(main_, "Settings", {{"useexted", use ? "1" : "0"}, {"exted", path}});
     if (use) main_.window.TabStrip2.SelectedIndex = right_tab::kProperties;
     ApplyExternalEditorMode(main_);
     closed = true;

@@ -86,10 +86,12 @@ void UpdateRecentList(MainForm& main) {
 void WriteRecentList(MainForm& main) {
     const std::string_view section = RecentSection(main.settings.is_javahelp_edition);
     const int count = main.recent.num_recent;
+    ProfilePairs pairs;
     for (int i = 0; i < count + 2; ++i) {
         const auto& entry = main.recent.recent_list[static_cast<std::size_t>(i)];
-        SetIni(main, section, std::to_string(i), i < count ? entry : std::string());
+        pairs.emplace_back(std::to_string(i), i < count ? entry : std::string());
     }
+    SetIni(main, section, pairs);
 }
 
 }  // namespace quorrel

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/profile_store.hpp"
+
 namespace quorrel {
 
 struct MainForm;
@@ -11,7 +13,11 @@ struct MainForm;
 /// At most 299 characters of the value, or of `otherwise`.
 [[nodiscard]] std::string GetIni(const MainForm& main, std::string_view section,
                                  std::string_view key, std::string_view otherwise);
-/// A file that cannot be written loses the value.
-void SetIni(MainForm& main, std::string_view section, std::string_view key, std::string_view value);
+/// Sets keys of one section. A file that cannot be written loses the values, which is logged and,
+/// once in a run, told.
+void SetIni(MainForm& main, std::string_view section, const ProfilePairs& pairs);
+
+/// Logs that the settings file `file` could not be written, and tells it once in a run.
+void TellSettingsNotKept(MainForm& main, std::string_view file);
 
 }  // namespace quorrel

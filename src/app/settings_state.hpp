@@ -22,6 +22,7 @@ struct SettingsState {
     std::string main_spell_dic;
     std::string custom_spell_dic;
     bool preserve_html = true;
+    bool is_failure_told = false;  // the user knows that settings cannot be written
 };
 
 struct RecentProjects {

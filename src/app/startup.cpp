@@ -208,7 +208,7 @@ bool Form_QueryUnload(MainForm& main) {
 
 void Form_Unload(MainForm& main) {
     WriteRecentList(main);
-    SetIni(main, "Settings", "preserveHTML", main.settings.preserve_html ? "1" : "0");
+    SetIni(main, "Settings", {{"preserveHTML", main.settings.preserve_html ? "1" : "0"}});
 }
 
 }  // namespace quorrel

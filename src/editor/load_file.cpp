@@ -70,7 +70,7 @@ void OpenInExternalEditor(MainForm& main) {
         main.shell.Start(main.settings.ext_editor + " \"" + editor.new_main_path + "\"",
                          WindowStyle::kNormal);
     });
-    if (!editor.main_path.empty()) SetStatusNotes(main);
+    if (!editor.main_path.empty()) KeepStatusNotes(main);
     editor.main_path = editor.new_main_path;
     GetStatusNotes(main);
     if (ShowsTab(main, right_tab::kProperties)) LoadTopicProperties(main);
@@ -96,7 +96,7 @@ bool LeaveTemplate(MainForm& main) {
 /// False where the topic's changes could not be put into its working copy.
 bool LeaveTopic(MainForm& main) {
     if (main.editor.TopicPropDirty) SaveTopicProperties(main);
-    if (!main.editor.main_path.empty()) SetStatusNotes(main);
+    if (!main.editor.main_path.empty()) KeepStatusNotes(main);
     return !HasUnsavedChanges(main) || SetDirty(main);
 }
 

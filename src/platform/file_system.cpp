@@ -21,13 +21,15 @@ void WriteWhole(FileSystem& files, std::string_view path, std::string_view bytes
     const std::string temporary = std::string(path) + ".tmp";
     try {
         files.WriteFile(temporary, bytes);
+        files.FlushFile(temporary);
     } catch (const RuntimeError& error) {
         files.DeleteFile(temporary);
         const bool not_permitted = error.Number() == run_time_error::kPermissionDenied;
         if (!not_permitted || !files.FileExists(path)) throw;
-        return files.WriteFile(path, bytes);
+        files.WriteFile(path, bytes);
+        return files.FlushFile(path);
     }
-    if (files.ReplaceFile(temporary, path)) return;
+    if (files.ReplaceFile(temporary, path)) return files.FlushNames();
     files.DeleteFile(temporary);
     throw RuntimeError(run_time_error::kPathFileAccess);
 }

@@ -44,8 +44,12 @@ class FileSystem {
     /// False where it fails, also where `to` exists.
     virtual bool MoveFile(std::string_view from, std::string_view to) = 0;
     /// Waits until the file's bytes are on the disk, so that it survives a loss of power when it
-    /// takes another one's place.
+    /// takes another one's place. Raises as WriteFile does: a disk may tell only now that it could
+    /// not take them.
     virtual void FlushFile(std::string_view path) = 0;
+    /// Waits until the folders on the disk have the names that files and folders got by
+    /// ReplaceFile, MoveFile, LinkFile and CreateFolder since the last call. Raises as WriteFile.
+    virtual void FlushNames() = 0;
     /// Puts `from` in the place of `to`, which keeps its on-disk spelling and its permissions: at
     /// every moment one of the two is there whole. False where it fails, with both as they were.
     virtual bool ReplaceFile(std::string_view from, std::string_view to) = 0;
@@ -70,7 +74,7 @@ class FileSystem {
 /// Raises as FileSystem::CreateFolder.
 void MakeFolder(FileSystem& files, std::string_view path);
 
-/// Writes a file so that its old content stays until the new one is there whole, by way of
+/// Writes a file so that its old content stays until the new one is on the disk whole, by way of
 /// `path` + ".tmp". Where no such file can be made beside it an existing file is written in
 /// place. Raises as FileSystem::WriteFile.
 void WriteWhole(FileSystem& files, std::string_view path, std::string_view bytes);

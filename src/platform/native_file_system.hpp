@@ -2,6 +2,7 @@
 // is the drive "Z:", and names are looked up without regard to case.
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -29,6 +30,7 @@ class NativeFileSystem : public FileSystem {
     bool CopyFile(std::string_view from, std::string_view to, bool may_replace) override;
     bool MoveFile(std::string_view from, std::string_view to) override;
     void FlushFile(std::string_view path) override;
+    void FlushNames() override;
     bool ReplaceFile(std::string_view from, std::string_view to) override;
     bool LinkFile(std::string_view from, std::string_view to) override;
     std::optional<FileStamp> Stamp(std::string_view path) override;
@@ -36,7 +38,7 @@ class NativeFileSystem : public FileSystem {
     std::string NativePath(std::string_view path) const override;
     std::string WindowsPath(std::string_view native) const override;
 
-    /// False makes FlushFile do nothing.
+    /// False makes FlushFile and FlushNames do nothing.
     bool flush_to_disk = true;
 
     /// The full native path. Where names have a case it is in bytes, with the on-disk spelling of
@@ -62,7 +64,10 @@ class NativeFileSystem : public FileSystem {
     /// The on-disk spelling of `name` in `folder`, or an empty string.
     std::string Spelling(const std::string& folder, const std::string& name);
 
+    void NoteNewName(const std::string& native);
+
     std::unordered_map<std::string, Listing> listings_;
+    std::set<std::string> unflushed_folders_;  // native paths
 };
 
 }  // namespace quorrel

@@ -75,6 +75,11 @@ std::string FolderOf(const std::string& native) {
     }
 }
 
+/// Some file systems have no way to wait for the disk, which is no fault of the file.
+bool IsFailureToFlush(int error) {
+    return error != EINVAL && error != ENOTSUP && error != ENOSYS && error != EROFS;
+}
+
 /// Native names are bytes; what is no UTF-8 in them survives the way through a Windows path.
 std::string TextOfName(std::string_view bytes) {
     return CodePage::Get(kUtf8CodePage).Decode(bytes);
@@ -105,10 +110,10 @@ std::string ReadUpTo(const std::string& native, std::size_t limit) {
         const ssize_t count = read(file.Get(), bytes.data() + filled, bytes.size() - filled);
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) RaiseFor(errno, native);
-        if (count == 0) break;
+        // Somebody cuts the file at this moment: what is there is not the file.
+        if (count == 0) throw RuntimeError(kDeviceError);
         filled += static_cast<std::size_t>(count);
     }
-    bytes.resize(filled);
     return bytes;
 }
 
@@ -268,7 +273,7 @@ std::vector<std::string> NativeFileSystem::NamesIn(std::string_view folder, bool
 
 void NativeFileSystem::CreateFolder(std::string_view path) {
     const std::string native = Resolve(path);
-    if (mkdir(native.c_str(), 0777) == 0) return;
+    if (mkdir(native.c_str(), 0777) == 0) return NoteNewName(native);
     if (errno == EEXIST) throw RuntimeError(kFileExists);
     if (errno == ENOENT) throw RuntimeError(kPathNotFound);
     RaiseFor(errno, native);
@@ -286,16 +291,36 @@ bool NativeFileSystem::MoveFile(std::string_view from, std::string_view to) {
         } else if (StatOf(target)) {
             return false;
         }
-        return rename(source.c_str(), target.c_str()) == 0;
+        if (rename(source.c_str(), target.c_str()) != 0) return false;
+        NoteNewName(target);
+        return true;
     } catch (const RuntimeError&) {
         return false;
     }
 }
 
 void NativeFileSystem::FlushFile(std::string_view path) {
-    if (!flush_to_disk || IsNoPath(path)) return;
-    const Descriptor file(open(Resolve(path).c_str(), O_RDONLY | O_CLOEXEC));
-    if (file.Get() >= 0) fdatasync(file.Get());
+    if (!flush_to_disk) return;
+    const std::string native = Resolve(path);
+    // One of the two is permitted to whoever has just written the file.
+    int number = open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (number < 0) number = open(native.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
+    const Descriptor file(number);
+    if (file.Get() < 0) RaiseFor(errno, native);
+    if (fdatasync(file.Get()) != 0 && IsFailureToFlush(errno)) RaiseFor(errno, native);
+}
+
+void NativeFileSystem::NoteNewName(const std::string& native) {
+    if (flush_to_disk) unflushed_folders_.insert(FolderOf(native));
+}
+
+void NativeFileSystem::FlushNames() {
+    for (const std::string& native : std::exchange(unflushed_folders_, {})) {
+        const Descriptor folder(open(native.c_str(), O_RDONLY | O_CLOEXEC | O_DIRECTORY));
+        // A folder that is gone, or that may be written and not read, cannot be waited for.
+        if (folder.Get() < 0) continue;
+        if (fsync(folder.Get()) != 0 && IsFailureToFlush(errno)) RaiseFor(errno, native);
+    }
 }
 
 bool NativeFileSystem::ReplaceFile(std::string_view from, std::string_view to) {
@@ -308,7 +333,9 @@ bool NativeFileSystem::ReplaceFile(std::string_view from, std::string_view to) {
                                                                &std::free);
         if (real != nullptr) target = real.get();
         if (const auto status = StatOf(target)) chmod(source.c_str(), status->st_mode & 07777);
-        return rename(source.c_str(), target.c_str()) == 0;
+        if (rename(source.c_str(), target.c_str()) != 0) return false;
+        NoteNewName(target);
+        return true;
     } catch (const RuntimeError&) {
         return false;
     }
@@ -317,7 +344,9 @@ bool NativeFileSystem::ReplaceFile(std::string_view from, std::string_view to) {
 bool NativeFileSystem::LinkFile(std::string_view from, std::string_view to) {
     try {
         const std::string target = Resolve(to);
-        return !StatOf(target) && link(Resolve(from).c_str(), target.c_str()) == 0;
+        if (StatOf(target) || link(Resolve(from).c_str(), target.c_str()) != 0) return false;
+        NoteNewName(target);
+        return true;
     } catch (const RuntimeError&) {
         return false;
     }

@@ -92,10 +92,10 @@ std::string ReadUpTo(const std::wstring& path, std::size_t limit) {
         if (::ReadFile(file.Get(), bytes.data() + filled, wanted, &count, nullptr) == 0) {
             RaiseFor(GetLastError(), path);
         }
-        if (count == 0) break;
+        // Somebody cuts the file at this moment: what is there is not the file.
+        if (count == 0) throw RuntimeError(kDeviceError);
         filled += count;
     }
-    bytes.resize(filled);
     return bytes;
 }
 
@@ -196,10 +196,14 @@ bool NativeFileSystem::MoveFile(std::string_view from, std::string_view to) {
 }
 
 void NativeFileSystem::FlushFile(std::string_view path) {
-    if (!flush_to_disk || path.empty() || IsNoPath(path)) return;
-    const Handle file(WidePath(path), GENERIC_WRITE, kShareAll, OPEN_EXISTING);
-    if (file.Valid()) FlushFileBuffers(file.Get());
+    if (!flush_to_disk) return;
+    const std::wstring native = WidePath(path);
+    const Handle file(native, GENERIC_WRITE, kShareAll, OPEN_EXISTING);
+    if (!file.Valid() || FlushFileBuffers(file.Get()) == 0) RaiseFor(GetLastError(), native);
 }
+
+// The file system's own journal has the names.
+void NativeFileSystem::FlushNames() {}
 
 bool NativeFileSystem::ReplaceFile(std::string_view from, std::string_view to) {
     try {

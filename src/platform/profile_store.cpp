@@ -4,18 +4,6 @@
 #include "platform/text.hpp"
 
 namespace quorrel {
-namespace {
-
-/// Makes `folder` with its parents; an existing one is no failure.
-void CreateFolders(FileSystem& files, const std::string& folder) {
-    if (folder.empty() || files.FolderExists(folder)) return;
-    const std::string_view parent = BeforeLast(folder, '\\', {});
-    if (!parent.empty()) CreateFolders(files, std::string(parent));
-    files.CreateFolder(folder);
-}
-
-}  // namespace
-
 ProfileStore::ProfileStore(TextFiles& texts, std::string settings_folder)
     : texts_(texts), settings_folder_(std::move(settings_folder)) {}
 
@@ -36,17 +24,19 @@ std::string ProfileStore::Get(std::string_view file, std::string_view section, s
     return value.substr(0, value.find('\0'));
 }
 
-bool ProfileStore::Set(std::string_view file, std::string_view section, std::string_view key,
-                       std::string_view value) {
+bool ProfileStore::Set(std::string_view file, std::string_view section, const ProfilePairs& pairs) {
     const std::string path = PathOf(file);
     try {
-        std::string text;
-        if (texts_.Files().FileExists(path)) {
-            text = texts_.Read(path);
+        std::string old_text;
+        const bool exists = texts_.Files().FileExists(path);
+        if (exists) {
+            old_text = texts_.Read(path);
         } else if (path.starts_with(settings_folder_)) {
-            CreateFolders(texts_.Files(), settings_folder_);
+            MakeFolder(texts_.Files(), settings_folder_);
         }
-        texts_.Write(path, SetProfileValue(text, section, key, value));
+        std::string text = old_text;
+        for (const auto& [key, value] : pairs) text = SetProfileValue(text, section, key, value);
+        if (!exists || text != old_text) texts_.Write(path, text);
         return true;
     } catch (const RuntimeError&) {
         return false;

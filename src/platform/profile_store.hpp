@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "platform/text_files.hpp"
 
@@ -11,6 +13,9 @@ namespace quorrel {
 
 /// The classic read buffer: 300 characters, of which 299 can be filled.
 inline constexpr std::size_t kProfileValueLimit = 299;
+
+/// Keys with their values.
+using ProfilePairs = std::vector<std::pair<std::string, std::string>>;
 
 /// Reads and writes single keys. A bare file name, without a folder, stands for the system's
 /// folder of settings.
@@ -24,10 +29,11 @@ class ProfileStore {
     [[nodiscard]] std::string Get(std::string_view file, std::string_view section,
                                   std::string_view key, std::string_view otherwise,
                                   std::size_t limit = kProfileValueLimit) const;
-    /// Replaces or adds the key. A file that cannot be read or written loses the value and the
+    /// Replaces or adds the keys of one section, all with one writing of the file, and with none
+    /// where they say so already. A file that cannot be read or written loses the values and the
     /// result is false; a missing file is made, with its folder if that is the settings folder.
-    bool Set(std::string_view file, std::string_view section, std::string_view key,
-             std::string_view value);
+    [[nodiscard]] bool Set(std::string_view file, std::string_view section,
+                           const ProfilePairs& pairs);
 
     /// The full path of a profile file.
     [[nodiscard]] std::string PathOf(std::string_view file) const;

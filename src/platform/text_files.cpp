@@ -55,7 +55,11 @@ bool KeepBackup(FileSystem& files, std::string_view path) {
 
 bool TextFiles::WriteTemporary(std::string_view path, std::string_view text, const Trap& trap) {
     const std::string temporary = std::string(path) + ".tmp";
-    if (trap([&] { files_.WriteFile(temporary, Encoded(path, text)); })) return true;
+    const bool is_written = trap([&] {
+        files_.WriteFile(temporary, Encoded(path, text));
+        files_.FlushFile(temporary);
+    });
+    if (is_written) return true;
     files_.DeleteFile(temporary);
     return false;
 }
@@ -77,10 +81,12 @@ bool TextFiles::MakeRoom(std::string_view path, Backup backup, const Trap& trap)
 bool TextFiles::SwapIn(std::string_view path, Backup backup, const Trap& trap) {
     const std::string target(path);
     const std::string temporary = target + ".tmp";
-    files_.FlushFile(temporary);
-    if (!MakeRoom(target, backup, trap)) return false;
-    if (files_.ReplaceFile(temporary, target)) return true;
-    return trap([] { throw RuntimeError(run_time_error::kPathFileAccess); });
+    bool done = MakeRoom(target, backup, trap);
+    if (done && !files_.ReplaceFile(temporary, target)) {
+        done = trap([] { throw RuntimeError(run_time_error::kPathFileAccess); });
+    }
+    if (!done) files_.DeleteFile(temporary);
+    return done;
 }
 
 bool TextFiles::WriteAndSwap(std::string_view path, std::string_view text, Backup backup,

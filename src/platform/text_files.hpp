@@ -61,8 +61,9 @@ class TextFiles {
     bool SwapIn(std::string_view path, Backup backup, const Trap& trap);
     /// Writes `text` to `path` + ".tmp" and puts that in the place of `path`. With Backup::kKept
     /// the old file becomes `path` + ".bak", an older one of that name being deleted. Where the
-    /// ".tmp" cannot be written whole the log gets the failure, the old file stays and the
-    /// result is false.
+    /// ".tmp" cannot be written whole, or cannot take its place, the log gets the failure, the old
+    /// file stays without a ".tmp" beside it, and the result is false. The bytes are on the disk
+    /// then; FileSystem::FlushNames brings the names there, once for all files of a save.
     bool WriteAndSwap(std::string_view path, std::string_view text, Backup backup,
                       const Trap& trap);
 

@@ -66,8 +66,7 @@ void FormCreateProject::NameFiles() {
     main_.outline.doc_outline = base + ".out";
     project.javahelp_do_fts = true;
     project.Images_Subdir = "Images";
-    SetProj(main_, "Settings", "html", project.Pages_SubDir);
-    SetProj(main_, "Settings", "images", project.Images_Subdir);
+    SetProj(main_, "Settings", {{"html", project.Pages_SubDir}, {"images", project.Images_Subdir}});
 }
 
 void FormCreateProject::MakeImagesFolder() {

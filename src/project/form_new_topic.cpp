@@ -237,7 +237,7 @@ std::string FormNewTopic::CheckTopic() {
         return {};
     }
     project.last_file_path = Dir1.Path();
-    SetProj(main_, kSettings, "last_path", project.last_file_path);
+    SetProj(main_, kSettings, {{"last_path", project.last_file_path}});
     // Without the prefix, with which the identifier will go into the table.
     if (FindAlias(main_.topics.ListTopics, EditAlias.Text()) > 0) {
         Refuse("A topic with this MapID already exists in the project. Please choose another MapID",
@@ -279,7 +279,7 @@ void FormNewTopic::RememberPrefix() {
     const std::string prefix = PrefixOf(ComboPrefix);
     if (!prefix.empty() && !Contains(prefix_list_, prefix)) {
         prefix_list_ += prefix + ",";
-        SetProj(main_, kSettings, kPrefixList, prefix_list_);
+        SetProj(main_, kSettings, {{std::string(kPrefixList), prefix_list_}});
     }
     main_.project.last_new_prefix = ComboPrefix.Text();
 }

@@ -173,22 +173,22 @@ void FormProjectSettings::StoreTools() {
     SettingsState& settings = main_.settings;
     if (!settings.is_javahelp_edition) {
         settings.hhc = EditViewerPath.Text;
-        SetIni(main_, "HTML Help", "hhc", settings.hhc);
+        SetIni(main_, "HTML Help", {{"hhc", settings.hhc}});
         return;
     }
     settings.javahelp_viewer = EditViewerPath.Text;
     settings.javahelp_indexer = EditIndexerpath.Text;
     settings.javahelp_jar = EditJARPath.Text;
-    SetIni(main_, "JavaHelp", "viewer", settings.javahelp_viewer);
-    SetIni(main_, "JavaHelp", "indexer", settings.javahelp_indexer);
-    SetIni(main_, "JavaHelp", "jar", settings.javahelp_jar);
+    SetIni(main_, "JavaHelp",
+           {{"viewer", settings.javahelp_viewer},
+            {"indexer", settings.javahelp_indexer},
+            {"jar", settings.javahelp_jar}});
 }
 
 void FormProjectSettings::StoreFolders() {
     const ProjectState& project = main_.project;
     const Trap trap(main_.log, "FormProjectSettings cmdOK_Click: ");
-    SetProj(main_, "Settings", "html", project.Pages_SubDir);
-    SetProj(main_, "Settings", "images", project.Images_Subdir);
+    SetProj(main_, "Settings", {{"html", project.Pages_SubDir}, {"images", project.Images_Subdir}});
     trap([&] { MakeFolder(main_.files, project.proj_path + "\\" + project.Images_Subdir); });
 }
 

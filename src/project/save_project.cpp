@@ -138,6 +138,7 @@ void SaveProject(MainForm& main) {
             if (done) row.SetSubItem(topic_cell::kModified, "0");
         });
     }
+    trap([&] { main.files.FlushNames(); });
 }
 
 /// Puts the source view's text onto the surface if the author works there.
@@ -176,7 +177,8 @@ bool FileSave_Click(MainForm& main) {
     if (IsTemplateOpen(main) && SaveHTML(main, main.DHTMLEdit1.CurrentDocumentPath())) {
         main.editor.ActiveDirty = false;
     }
-    if (!main.editor.main_path.empty()) SetStatusNotes(main);
+    // What is logged is told with the rest.
+    if (!main.editor.main_path.empty()) (void)SetStatusNotes(main);
     StatusBar& status = main.window.StatusBar1;
     const std::string shown = status.Panel(1);
     status.SetPanel(1, "Saving Project...");

@@ -1,6 +1,7 @@
 #include "project/side_files.hpp"
 
 #include "app/main_form.hpp"
+#include "app/settings_file.hpp"
 #include "platform/text.hpp"
 #include "project/paths.hpp"
 
@@ -19,6 +20,17 @@ std::string StatusKey(MainForm& main) {
     std::string& file = main.project.status_file;
     if (file.empty()) file = std::string(BaseName(main.project.proj)) + ".stn";
     return std::string(AfterLast(main.editor.main_path, '\\'));
+}
+
+void LogNotWritten(MainForm& main, std::string_view file) {
+    main.log.Write("MainForm SetProj: ", run_time_error::kPathFileAccess,
+                   main.files.NativePath(file) + " could not be written");
+}
+
+void TellNotKept(MainForm& main, const std::string& what, std::string_view file) {
+    main.screen.ShowMessage({what + main.files.NativePath(file) + " could not be written.",
+                             main.settings.APP_NAME, MessageButtons::kOk,
+                             MessageIcon::kExclamation});
 }
 
 }  // namespace
@@ -42,9 +54,11 @@ std::string GetProj(const MainForm& main, std::string_view section, std::string_
     return main.profiles.Get(SettingsFileOf(main.project), section, key, otherwise);
 }
 
-void SetProj(MainForm& main, std::string_view section, std::string_view key,
-             std::string_view value) {
-    main.profiles.Set(SettingsFileOf(main.project), section, key, value);
+void SetProj(MainForm& main, std::string_view section, const ProfilePairs& pairs) {
+    const std::string file = SettingsFileOf(main.project);
+    if (main.profiles.Set(file, section, pairs)) return;
+    LogNotWritten(main, file);
+    TellNotKept(main, "Settings of this project cannot be kept: ", file);
 }
 
 std::string Gethhp(const MainForm& main, std::string_view section, std::string_view key,
@@ -76,19 +90,26 @@ void GetStatusNotes(MainForm& main) {
     window.CommandNote.Visible = true;
 }
 
-void SetStatusNotes(MainForm& main) {
+bool SetStatusNotes(MainForm& main) {
     const std::string key = StatusKey(main);
     const std::string& file = main.project.status_file;
     const std::string& notes = main.window.TextNotes.Text;
     const int status = main.window.ComboStatus.ListIndex;
-    if (notes.empty() && status < 1) {
-        // An existing entry is emptied and keeps its line; a missing one is not made.
-        const bool exists = !main.profiles.Get(file, kStatusSection, key, "", 1).empty();
-        if (exists) main.profiles.Set(file, kStatusSection, key, "");
-        return;
+    std::string value;
+    if (!notes.empty() || status >= 1) {
+        value = std::to_string(status) + "," + ReplaceAll(notes, kLineEnd, kLineMark);
+    } else if (main.profiles.Get(file, kStatusSection, key, "", 1).empty()) {
+        return true;  // a missing entry is not made; one that exists is emptied and keeps its line
     }
-    main.profiles.Set(file, kStatusSection, key,
-                      std::to_string(status) + "," + ReplaceAll(notes, kLineEnd, kLineMark));
+    if (main.profiles.Set(file, kStatusSection, {{key, value}})) return true;
+    LogNotWritten(main, file);
+    return false;
+}
+
+void KeepStatusNotes(MainForm& main) {
+    if (SetStatusNotes(main)) return;
+    TellNotKept(
+        main, "The status and the notes of this topic cannot be kept: ", main.project.status_file);
 }
 
 std::string GetProjFile(std::string_view proj) {
@@ -103,9 +124,10 @@ std::int64_t ReadImageMapCount(const MainForm& main) {
     return is_number ? LeadingNumber(value) : 0;
 }
 
-bool WriteImageMapCount(MainForm& main, std::int64_t count) {
-    return main.machine_profiles.Set(GetProjFile(main.project.proj), "IMAGE MAP", "MapCount",
-                                     std::to_string(count));
+void WriteImageMapCount(MainForm& main, std::int64_t count) {
+    const std::string file = GetProjFile(main.project.proj);
+    if (main.machine_profiles.Set(file, "IMAGE MAP", {{"MapCount", std::to_string(count)}})) return;
+    TellSettingsNotKept(main, file);
 }
 
 }  // namespace quorrel

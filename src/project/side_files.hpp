@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/profile_store.hpp"
+
 namespace quorrel {
 
 struct MainForm;
@@ -16,8 +18,8 @@ inline constexpr std::size_t kStatusLimit = 2999;
 /// The project's own ".prj". A value of more than 299 characters is cut on reading.
 [[nodiscard]] std::string GetProj(const MainForm& main, std::string_view section,
                                   std::string_view key, std::string_view otherwise);
-void SetProj(MainForm& main, std::string_view section, std::string_view key,
-             std::string_view value);
+/// Sets keys of one section. A file that cannot be written loses the values: that is told.
+void SetProj(MainForm& main, std::string_view section, const ProfilePairs& pairs);
 
 /// A key of the project file itself, which is never written in this way.
 [[nodiscard]] std::string Gethhp(const MainForm& main, std::string_view section,
@@ -35,14 +37,17 @@ inline constexpr std::string_view kStatusSection = "status";
 /// Shows the open topic's status and notes in ComboStatus, TextNotes and CommandNote.
 void GetStatusNotes(MainForm& main);
 /// Stores what these controls hold for the open topic. Topics with the same file name share
-/// their entry, also from two folders.
-void SetStatusNotes(MainForm& main);
+/// their entry, also from two folders. False, with a line in the log, where the file cannot be
+/// written.
+[[nodiscard]] bool SetStatusNotes(MainForm& main);
+/// The same before another topic is shown: a failure is told.
+void KeepStatusNotes(MainForm& main);
 
 /// The project's file name with ".prj" and without a folder, which stands for the machine's
 /// settings folder: projects of one name share their count of image maps.
 [[nodiscard]] std::string GetProjFile(std::string_view proj);
 [[nodiscard]] std::int64_t ReadImageMapCount(const MainForm& main);
-/// True on success.
-bool WriteImageMapCount(MainForm& main, std::int64_t count);
+/// A failure is told as one of the settings.
+void WriteImageMapCount(MainForm& main, std::int64_t count);
 
 }  // namespace quorrel

@@ -64,7 +64,7 @@ TEST_F(Report, AStatusIsTakenAsItIsStored) {
                                                               {"7,x", "\tx \r\n"}}};
     for (std::size_t i = 0; i < cases.size(); ++i) {
         const std::string name = "t" + std::to_string(i) + ".htm";
-        main.profiles.Set(folder.Windows("book.stn"), "status", name, cases[i][0]);
+        ASSERT_TRUE(main.profiles.Set(folder.Windows("book.stn"), "status", {{name, cases[i][0]}}));
         AddRow("Topic " + std::to_string(i), name, "");
     }
     std::string expected;

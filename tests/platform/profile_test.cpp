@@ -82,12 +82,12 @@ class ProfileStoreTest : public testing::Test {
 TEST_F(ProfileStoreTest, BareNameGoesToTheSettingsFolder) {
     EXPECT_EQ(store.Get("q.ini", "S", "k", "DEF"), "DEF");
     EXPECT_FALSE(folder.Exists("config"));
-    EXPECT_TRUE(store.Set("q.ini", "S", "k", "\"  v  \""));
+    EXPECT_TRUE(store.Set("q.ini", "S", {{"k", "\"  v  \""}}));
     EXPECT_EQ(folder.Read("config/quorrel/q.ini"), "[S]\r\nk=\"  v  \"\r\n");
     EXPECT_EQ(store.Get("Q.INI", "s", "K", "DEF"), "  v  ");
 
     const std::string other = folder.Windows("other.ini");
-    EXPECT_TRUE(store.Set(other, "S", "k", "w"));
+    EXPECT_TRUE(store.Set(other, "S", {{"k", "w"}}));
     EXPECT_EQ(folder.Read("other.ini"), "[S]\r\nk=w\r\n");
 }
 
@@ -106,20 +106,28 @@ TEST_F(ProfileStoreTest, ValueIsCutInCharacters) {
 TEST_F(ProfileStoreTest, EncodingOfTheFileStays) {
     const std::string path = folder.Windows("a.ini");
     folder.Write("a.ini", "\xEF\xBB\xBF[S]\r\nk=1\r\n");
-    EXPECT_TRUE(store.Set(path, "S", "k", "жé"));
+    EXPECT_TRUE(store.Set(path, "S", {{"k", "жé"}}));
     EXPECT_EQ(folder.Read("a.ini"), "\xEF\xBB\xBF[S]\r\nk=жé\r\n");
-    EXPECT_TRUE(store.Set("new.ini", "S", "k", "жé"));
+    EXPECT_TRUE(store.Set("new.ini", "S", {{"k", "жé"}}));
     EXPECT_EQ(folder.Read("config/quorrel/new.ini"), "[S]\r\nk=&#1078;\xE9\r\n");
     EXPECT_EQ(store.Get("new.ini", "S", "k", "DEF"), "жé");
 }
 
+TEST_F(ProfileStoreTest, KeysGoIntoTheFileTogetherAndOnlyWhereTheyAreNews) {
+    EXPECT_TRUE(store.Set("q.ini", "S", {{"k", "1"}, {"l", "2"}}));
+    EXPECT_EQ(folder.Read("config/quorrel/q.ini"), "[S]\r\nk=1\r\nl=2\r\n");
+    // Where nothing changes the file need not be one that can be written.
+    folder.Write("config/quorrel/q.ini.tmp/in the way", "");
+    EXPECT_TRUE(store.Set("q.ini", "S", {{"l", "2"}, {"k", "1"}}));
+}
+
 TEST_F(ProfileStoreTest, FailingWriteIsToldAndRaisesNothing) {
     folder.Write("folder.ini/x", "");
-    EXPECT_FALSE(store.Set(folder.Windows("folder.ini"), "S", "k", "v"));
-    EXPECT_FALSE(store.Set(folder.Windows("none/a.ini"), "S", "k", "v"));
+    EXPECT_FALSE(store.Set(folder.Windows("folder.ini"), "S", {{"k", "v"}}));
+    EXPECT_FALSE(store.Set(folder.Windows("none/a.ini"), "S", {{"k", "v"}}));
     EXPECT_FALSE(folder.Exists("none"));
     folder.Write("config", "a file where the folder should be");
-    EXPECT_FALSE(store.Set("q.ini", "S", "k", "v"));
+    EXPECT_FALSE(store.Set("q.ini", "S", {{"k", "v"}}));
 }
 
 }  // namespace

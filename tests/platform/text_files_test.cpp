@@ -106,6 +106,7 @@ TEST_F(TextFilesTest, FailingSwapLeavesTheOldFile) {
     folder.Write("b.txt", "old");
     EXPECT_FALSE(texts.WriteAndSwap(folder.Windows("b.txt"), "new", Backup::kKept, trap));
     EXPECT_EQ(folder.Read("a.txt") + folder.Read("b.txt"), "oldold");
+    EXPECT_FALSE(folder.Exists("b.txt.tmp"));
 
     folder.Write("c.txt/x", "kept");
     EXPECT_FALSE(texts.WriteAndSwap(folder.Windows("c.txt"), "new", Backup::kNone, trap));

@@ -1,5 +1,6 @@
 #include "project/side_files.hpp"
 
+#include "app/settings_file.hpp"
 #include "platform/text.hpp"
 #include "support/project_fixture.hpp"
 
@@ -47,7 +48,7 @@ TEST_F(SideFiles, ALongNoteIsCutAndItsToolTipShortened) {
     const std::string letters(2997, 'n');
     main.window.TextNotes.Text = letters;
     main.window.ComboStatus.ListIndex = 12;
-    SetStatusNotes(main);
+    EXPECT_TRUE(SetStatusNotes(main));
     EXPECT_NE(folder.Read("p/guide.stn").find("=12," + letters + "\r\n"), npos);
     const Shown shown = Get();
     EXPECT_EQ(shown.notes.size(), kStatusLimit - 3);
@@ -55,22 +56,41 @@ TEST_F(SideFiles, ALongNoteIsCutAndItsToolTipShortened) {
 }
 
 TEST_F(SideFiles, AnEmptyStatusClearsAnEntryAndMakesNone) {
-    SetStatusNotes(main);
+    EXPECT_TRUE(SetStatusNotes(main));
     EXPECT_FALSE(folder.Exists("p/guide.stn"));
     Store("1,x");
     main.window.ComboStatus.ListIndex = 0;
-    SetStatusNotes(main);
+    EXPECT_TRUE(SetStatusNotes(main));
     EXPECT_EQ(folder.Read("p/guide.stn"), "[status]\r\nintro.htm=\r\n");
 }
 
 TEST_F(SideFiles, TheImageMapCountIsKeptByTheMachine) {
     EXPECT_EQ(ReadImageMapCount(main), 0);
-    EXPECT_TRUE(WriteImageMapCount(main, 7));
+    WriteImageMapCount(main, 7);
     EXPECT_EQ(folder.Read("settings/guide.prj"), "[IMAGE MAP]\r\nMapCount=7\r\n");
     EXPECT_FALSE(folder.Exists("p/guide.prj"));
     EXPECT_EQ(ReadImageMapCount(main), 7);
     folder.Write("settings/guide.prj", "[IMAGE MAP]\r\nMapCount=-7\r\n");
     EXPECT_EQ(ReadImageMapCount(main), 0);
+}
+
+TEST_F(SideFiles, WhatCannotBeKeptIsTold) {
+    folder.Write("p/guide.stn/in the way", "");
+    folder.Write("p/guide.prj/in the way", "");
+    folder.Write("settings", "a file where the folder should be");
+    const auto path = [&](const char* name) { return files.NativePath(folder.Windows(name)); };
+    main.window.TextNotes.Text = std::string("check");
+    screen.ExpectMessage("The status and the notes of this topic cannot be kept: " +
+                         path("p/guide.stn") + " could not be written.");
+    KeepStatusNotes(main);
+    screen.ExpectMessage("Settings of this project cannot be kept: " + path("p/guide.prj") +
+                         " could not be written.");
+    SetProj(main, "Settings", {{"html", "pages"}, {"images", "pictures"}});
+    screen.ExpectMessage("Settings cannot be kept: " + path("settings/guide.prj") +
+                         " could not be written. The next start will not know of changes made "
+                         "from here on.");
+    WriteImageMapCount(main, 7);
+    SetIni(main, "Settings", {{"useexted", "1"}});  // told once
 }
 
 }  // namespace
