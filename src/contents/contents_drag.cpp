@@ -20,7 +20,7 @@ constexpr double kLowerPart = 120;  // twips above the lower edge of a row
 std::string DragText(const MainForm& main, const TreeNode& node) {
     const std::string location = UnpackNodeData(node.Tag).location;
     if (location.empty()) return node.Text;
-    const std::string link = MakeRelPathRel(location, main.editor.main_path);
+    const std::string link = RelativeLocation(location, main.editor.main_path);
     return " <a href=" + ReplaceAll(link, "\\", "/") + " >" + node.Text + "</a> ";
 }
 

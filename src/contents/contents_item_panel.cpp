@@ -32,7 +32,8 @@ void ShowLocation(MainForm& main, std::string_view location) {
     const std::size_t mark = location.rfind('#');
     const std::string_view bookmark = mark == npos ? "" : location.substr(mark + 1);
     main.window.ComboBookmark.Text = std::string(bookmark);
-    main.window.EditTOCLocation.Text = MakeRelPathRel(location.substr(0, mark), main.project.proj);
+    main.window.EditTOCLocation.Text =
+        RelativeLocation(location.substr(0, mark), main.project.proj);
 }
 
 /// "Default" stands first and is no name of a picture.
@@ -65,7 +66,7 @@ std::string TypedLocation(const MainForm& main) {
     std::string location = main.window.EditTOCLocation.Text;
     const std::string& bookmark = main.window.ComboBookmark.Text;
     if (!bookmark.empty()) location.append("#").append(bookmark);
-    return MakeFullPathRel(location, main.project.proj);
+    return FullLocation(location, main.project.proj);
 }
 
 std::string TypedExtra(const MainForm& main) {
@@ -175,7 +176,8 @@ void EditTOCLocation_Change(MainForm& main) {
     if (main.contents.toc_loading) return;
     main.contents.toc_item_dirty = true;
     WindowControls& window = main.window;
-    const bool is_remote = Contains(window.EditTOCLocation.Text(), "http://");
+    const std::string& location = window.EditTOCLocation.Text;
+    const bool is_remote = Contains(location, "http://") || Contains(location, "https://");
     if (is_remote && window.EditIcon.Text().empty())
         window.EditIcon.Text = std::string(kRemoteIcon);
 }

@@ -2,9 +2,9 @@
 
 #include "app/main_form.hpp"
 #include "contents/node_data.hpp"
-#include "editor/load_file.hpp"
 #include "platform/text.hpp"
 #include "project/form_new_topic.hpp"
+#include "project/open_topic.hpp"
 
 namespace quorrel {
 
@@ -24,15 +24,7 @@ void OpenTOCItem(MainForm& main) {
         if (node->Children() == 0) OfferTopic(main);
         return;
     }
-    if (Contains(data.location, "http:")) {
-        main.screen.ShowMessage({"This item is linked to the remote URL: " + data.location,
-                                 main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kNone});
-        return;
-    }
-    std::string path = data.location.substr(0, data.location.find('#'));
-    if (!Contains(path, ":")) path.insert(0, main.project.proj_path + "\\");
-    main.editor.new_main_path = std::move(path);
-    LoadFile(main);
+    OpenTopic(main, data.location);
 }
 
 void Tree1_NodeClick(MainForm& main) {

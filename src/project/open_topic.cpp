@@ -5,19 +5,20 @@
 #include "app/main_form.hpp"
 #include "editor/load_file.hpp"
 #include "platform/text.hpp"
+#include "project/paths.hpp"
 #include "project/topic_rows.hpp"
 
 namespace quorrel {
 
 void OpenTopic(MainForm& main, std::string_view location) {
-    if (location.starts_with("http:") || location.starts_with("https:")) {
+    if (IsAddress(location) || Contains(location, "http:")) {
         main.screen.ShowMessage({"This item is linked to the remote URL: " + std::string(location),
                                  main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kNone});
         return;
     }
     std::string path(location.substr(0, location.find('#')));
     if (path.empty()) return;
-    if (!Contains(path, ":")) path.insert(0, main.project.proj_path + "\\");
+    if (!IsFullPath(path)) path.insert(0, main.project.proj_path + "\\");
     main.editor.new_main_path = std::move(path);
     LoadFile(main);
 }

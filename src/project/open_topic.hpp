@@ -10,7 +10,7 @@ namespace quorrel {
 struct MainForm;
 
 /// Loads the topic at `location`, a full path or one below the project's folder, perhaps with "#"
-/// and a bookmark. A remote address is only told; an empty location opens nothing.
+/// and a bookmark. An address elsewhere is only told; an empty location opens nothing.
 void OpenTopic(MainForm& main, std::string_view location);
 
 /// Loads the topic of a row of the topic table.

@@ -1,7 +1,9 @@
 #include "project/paths.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
+#include <iterator>
 
 #include "platform/text.hpp"
 #include "platform/unicode.hpp"
@@ -9,11 +11,69 @@
 namespace quorrel {
 namespace {
 
+constexpr std::string_view kAddressSchemes[] = {
+    "http:", "https:", "ftp:", "mailto:", "ms-its:", "mk:"};
+
+/// The length of the "\\server\share" that a path begins with, or 0.
+std::size_t ShareLength(std::string_view path) {
+    if (!path.starts_with("\\\\")) return 0;
+    const std::size_t server_end = path.find('\\', 2);
+    if (server_end == npos || server_end == 2) return 0;
+    const std::size_t share_end = std::min(path.find('\\', server_end + 1), path.size());
+    return share_end == server_end + 1 ? 0 : share_end;
+}
+
 std::string HalveBackslashes(std::string_view path) {
     return ReplaceAll(path, "\\\\", "\\");
 }
 
+/// `rest` in `folder`, the two backslashes before a server kept.
+std::string InFolder(std::string_view folder, std::string_view rest) {
+    const std::string path = HalveBackslashes(std::string(folder).append("\\").append(rest));
+    return ShareLength(folder) > 0 ? "\\" + path : path;
+}
+
+/// The folder above `folder`, which stays as it is where it is a drive or a share.
+std::string_view FolderAbove(std::string_view folder) {
+    const std::size_t last = folder.rfind('\\');
+    return last == npos || last < ShareLength(folder) ? folder : folder.substr(0, last);
+}
+
+/// The first place of `folder` in `path`, case ignored, where a name ends: a backslash follows or
+/// nothing.
+std::optional<TextSpan> FindFolder(std::string_view path, std::string_view folder) {
+    std::size_t from = 0;
+    while (const auto hit = FindIgnoringCase(path.substr(from), folder)) {
+        const TextSpan place{from + hit->offset, hit->size};
+        const std::size_t end = place.offset + place.size;
+        if (end == path.size() || path[end] == '\\') return place;
+        if (folder.empty()) break;
+        from = place.offset;
+        (void)NextCodePoint(path, from);
+    }
+    return std::nullopt;
+}
+
 }  // namespace
+
+bool IsAddress(std::string_view location) {
+    return std::any_of(std::begin(kAddressSchemes), std::end(kAddressSchemes),
+                       [&](std::string_view scheme) {
+                           return EqualsIgnoringCase(location.substr(0, scheme.size()), scheme);
+                       });
+}
+
+bool IsFullPath(std::string_view path) {
+    return Contains(path, ":") || ShareLength(path) > 0;
+}
+
+std::string FullLocation(std::string_view location, std::string_view base) {
+    return IsAddress(location) ? std::string(location) : MakeFullPathRel(location, base);
+}
+
+std::string RelativeLocation(std::string_view location, std::string_view base) {
+    return IsAddress(location) ? std::string(location) : MakeRelPathRel(location, base);
+}
 
 std::string_view BaseName(std::string_view proj) {
     return BeforeLast(proj, '.', proj);
@@ -31,15 +91,14 @@ std::string GetRelativePath(std::string_view path, std::string_view main_path) {
 std::string MakeFullPath(std::string_view path, std::string_view proj_path) {
     if (path.empty()) return {};
     std::string turned = ReplaceAll(path, "/", "\\");
-    if (Contains(path, ":")) return turned;
-    return HalveBackslashes(std::string(proj_path).append("\\").append(turned));
+    return IsFullPath(turned) ? turned : InFolder(proj_path, turned);
 }
 
 std::string MakeFullPathRel(std::string_view path, std::string_view base) {
     if (path.empty()) return {};
     std::string_view folder = BeforeLast(base, '\\', base);
     std::string turned = ReplaceAll(path, "/", "\\");
-    if (Contains(turned, ":")) return turned;
+    if (IsFullPath(turned)) return turned;
     // Always the first "..\" goes, also one that a removal has joined.
     std::string rest;
     rest.reserve(turned.size());
@@ -47,9 +106,9 @@ std::string MakeFullPathRel(std::string_view path, std::string_view base) {
         rest += c;
         if (!rest.ends_with("..\\")) continue;
         rest.resize(rest.size() - 3);
-        folder = BeforeLast(folder, '\\', folder);
+        folder = FolderAbove(folder);
     }
-    return HalveBackslashes(std::string(folder).append("\\").append(rest));
+    return InFolder(folder, rest);
 }
 
 std::string MakeRelPathRel(std::string_view path, std::string_view base) {
@@ -58,14 +117,13 @@ std::string MakeRelPathRel(std::string_view path, std::string_view base) {
     std::string_view folder = BeforeLast(base, '\\', base);
     std::string prefix;
     for (;;) {
-        if (const auto hit = FindIgnoringCase(turned, folder)) {
-            std::size_t rest = hit->offset + hit->size;
-            // The one character behind the folder, meant to be the backslash.
-            if (rest < turned.size()) (void)NextCodePoint(turned, rest);
+        if (const auto hit = FindFolder(turned, folder)) {
+            const std::size_t rest = std::min(hit->offset + hit->size + 1, turned.size());
             return HalveBackslashes(prefix.append(turned, rest));
         }
-        if (!Contains(folder, "\\")) return std::string(path);
-        folder = BeforeLast(folder, '\\', folder);
+        const std::string_view above = FolderAbove(folder);
+        if (above == folder) return std::string(path);
+        folder = above;
         prefix += "..\\";
     }
 }
@@ -101,7 +159,7 @@ std::int32_t RevFormatRGBString(std::string_view text) {
 }
 
 std::string LocationOf(std::string_view path, std::string_view proj_path) {
-    const auto hit = FindIgnoringCase(path, proj_path);
+    const auto hit = FindFolder(path, proj_path);
     return std::string(hit ? path.substr(hit->offset + hit->size) : path);
 }
 

@@ -85,10 +85,10 @@ TEST_F(ContentsEdit, ThePanelShowsAndStoresTheNode) {
 
     window.EditTOCText.Text = std::string("n");
     window.EditIcon.Text = std::string();
-    window.EditTOCLocation.Text = std::string("http://h/x");
+    window.EditTOCLocation.Text = std::string("https://h/x");
     EXPECT_EQ(window.EditIcon.Text(), "13");
     CommitContentsItem(main);
-    EXPECT_EQ(Saved("n").location, "http:\\\\h\\x") << "slashes are turned in every location";
+    EXPECT_EQ(Saved("n").location, "https://h/x") << "an address is no path";
 }
 
 TEST_F(ContentsEdit, ADamagedTagShowsEmptyFields) {

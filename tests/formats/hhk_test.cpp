@@ -59,6 +59,13 @@ TEST_F(Keywords, BecomeRowsWithTargets) {
     EXPECT_EQ(topics.ListTopics.At(2).SubItems(topic_cell::kKeywords), "print;");
 }
 
+TEST_F(Keywords, AnAddressKeepsItsSlashes) {
+    Read(Entry("web", Param("Name", "A") + Param("Local", "https://h/a.htm")));
+    // The drive of the project stands in "https:" too.
+    EXPECT_TRUE(Contains(WriteKeywords(keywords, "S:\\guide.hhp"),
+                         "<param name=\"Local\" value=\"https://h/a.htm\">"));
+}
+
 TEST_F(Keywords, DeeperEntriesKnowOnlyTheKeywordBefore) {
     Read("<UL>\n" + Entry("a") + "<UL>\n" + Entry("b") + "<UL>\n" + Entry("c") + "</UL>\n" +
          Entry("d"));

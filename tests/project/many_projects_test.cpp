@@ -182,7 +182,7 @@ const Difference kConversion[] = {
          for (int i = 1; i <= tables.ListAliases.Count();) {
              const std::string id = tables.ListAliases.At(i).Text();
              const std::string path = tables.ListAliases.At(i).SubItems(alias_cell::kPath);
-             if (!Contains(path, ".ht") || Contains(path, "#")) {
+             if (!Contains(path, ".ht") || Contains(path, "#") || IsAddress(path)) {
                  ++i;
                  continue;
              }

@@ -119,9 +119,10 @@ TEST_F(OpenProject, ACancelledDialogChangesNothing) {
 
 TEST_F(OpenProject, ARemoteFirstItemIsOnlyTold) {
     WriteProject();
-    folder.Write("p/toc.HHC",
-                 "<LI>\n<param name=Name value=W>\n<param name=Local value=http://x>\n</OBJECT>\n");
-    screen.ExpectMessage("This item is linked to the remote URL: http:\\\\x");
+    folder.Write(
+        "p/toc.HHC",
+        "<LI>\n<param name=Name value=W>\n<param name=Local value=https://x>\n</OBJECT>\n");
+    screen.ExpectMessage("This item is linked to the remote URL: https://x");
     Open(kProject);
     EXPECT_EQ(main.editor.main_path, "");
 }

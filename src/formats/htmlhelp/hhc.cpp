@@ -97,7 +97,7 @@ class ContentsReader {
 
     void TakeLocation(std::string_view value) {
         entry_.local_seen = true;
-        entry_.location = MakeFullPathRel(value, source_.file);
+        entry_.location = FullLocation(value, source_.file);
         entry_.alias.clear();
         if (const ListRow* topic =
                 source_.ListTopics.LastWith(topic_cell::kFullPath, entry_.location)) {
@@ -165,7 +165,7 @@ class ContentsWriter {
         caption = ReplaceAll(ReplaceAll(caption, ">", "&gt;"), "\"", "%22");
         AppendSitemapParam(text_, indent, "Name", caption);
         if (!data.location.empty()) {
-            AppendSitemapParam(text_, indent, "Local", MakeRelPathRel(data.location, proj_));
+            AppendSitemapParam(text_, indent, "Local", RelativeLocation(data.location, proj_));
         }
         if (!data.extra.empty()) WriteExtra(data.extra, indent);
         Line(indent, "     </OBJECT>");

@@ -79,7 +79,7 @@ class KeywordReader {
 
     void AddTarget(const std::string& value) {
         std::string path;
-        if (!Contains(value, ":")) {
+        if (!IsFullPath(value)) {
             path = proj_path_;
             if (!value.starts_with('\\')) path += '\\';
         }
@@ -155,7 +155,7 @@ class KeywordWriter {
             if (mark == npos) continue;
             AppendSitemapParam(text_, indent, "Name", group.substr(0, mark));
             AppendSitemapParam(text_, indent, "Local",
-                               MakeRelPathRel(group.substr(mark + 1), proj_));
+                               RelativeLocation(group.substr(mark + 1), proj_));
         }
     }
 

@@ -156,7 +156,7 @@ std::string JavaIndexTargets(const ListRow& keyword, const TopicTables& tables,
         // The last ">", as a title may hold one and a path does not.
         const std::string_view path = AfterLast(targets.substr(0, end), '>');
         targets.remove_prefix(end == npos ? targets.size() : end + kGroupEnd.size());
-        if (Contains(path, "#")) {
+        if (Contains(path, "#") || IsAddress(path)) {
             const ListRow* alias = tables.ListAliases.FirstWith(alias_cell::kPath, path);
             if (alias != nullptr) ids.append(alias->Text()).append(";");
         } else {

@@ -65,6 +65,7 @@ std::string PlaceOfMap(const ProjectState& project) {
 /// the project file that is the project's. A map elsewhere may have been written with addresses
 /// relative to the project's folder.
 std::string PathOf(const MainForm& main, const std::string& address) {
+    if (IsAddress(address)) return address;
     const ProjectState& project = main.project;
     const std::string map = PlaceOfMap(project);
     const std::string of_project = MakeFullPath(address, project.proj_path);
@@ -91,7 +92,8 @@ void ReadMap(std::string_view text, std::string_view proj_path, ListView& ListTo
         const std::string_view url = Trim(address);
         const std::string_view target = Trim(attribute);
         // Any ending that begins like that of an HTML file counts as one.
-        const bool is_topic = ContainsIgnoringAsciiCase(url, ".HT") && !Contains(url, "#");
+        const bool is_topic =
+            ContainsIgnoringAsciiCase(url, ".HT") && !Contains(url, "#") && !IsAddress(url);
         if (!is_topic) {
             ListAliases.Add(std::string(target)).SetSubItem(alias_cell::kPath, std::string(url));
             continue;

@@ -122,7 +122,7 @@ std::string EscapedItemText(std::string_view text) {
 }
 
 std::string AddressOf(std::string_view path, std::string_view base) {
-    return ReplaceAll(MakeRelPathRel(path, base), "\\", "/");
+    return ReplaceAll(RelativeLocation(path, base), "\\", "/");
 }
 
 std::string ItemAttribute(std::string_view name, std::string_view value) {

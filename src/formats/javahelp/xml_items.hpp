@@ -38,7 +38,8 @@ void AppendLine(std::string& text, std::initializer_list<std::string_view> parts
 /// XML; a quote becomes "%22", which viewers show as that.
 [[nodiscard]] std::string EscapedItemText(std::string_view text);
 
-/// The address of a file in one that lies at `base`: its relative path, with slashes.
+/// The address of a file in one that lies at `base`: its relative path, with slashes. What is an
+/// address already stays.
 [[nodiscard]] std::string AddressOf(std::string_view path, std::string_view base);
 
 /// A blank and the attribute, its value as it stands; nothing for an empty value.
