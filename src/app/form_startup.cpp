@@ -38,9 +38,10 @@ void FormStartup::Command1_Click() {
 void FormStartup::Command2_Click() {
     const ListRow* row = ListProjects.SelectedItem();
     if (row == nullptr) return;
-    main_.screen.SetPointer(Pointer::kHourglass);
-    OpenRecentProject(main_, row->SubItems(kLocation));
-    main_.screen.SetPointer(Pointer::kNormal);
+    {
+        const Hourglass hourglass(main_.screen);
+        OpenRecentProject(main_, row->SubItems(kLocation));
+    }
     CloseIfOpened();
 }
 

@@ -23,7 +23,8 @@ std::string UserGuide::PathOf(std::string_view identifier) const {
         if (row != nullptr) return row->SubItems(topic_cell::kFullPath);
     }
     const std::vector<TreeNode*>& roots = contents.Roots();
-    return roots.empty() ? std::string() : UnpackNodeData(roots.front()->Tag).location;
+    if (!roots.empty()) return UnpackNodeData(roots.front()->Tag).location;
+    return table.Count() == 0 ? std::string() : table.At(1).SubItems(topic_cell::kFullPath);
 }
 
 void ReadUserGuide(MainForm& main, UserGuide& guide) {
@@ -34,12 +35,16 @@ void ReadUserGuide(MainForm& main, UserGuide& guide) {
     // The contents have the titles; a topic file is not opened before it is shown.
     const auto no_title = [](const std::string&) { return std::string(); };
     ListView& topics = guide.topics.ListTopics;
-    ReadFileList(texts.Read(project), folder, topics, no_title, trap);
-    ReadAliases(texts.Read(folder + "\\guide.ali"), project, topics);
-    const std::string contents = folder + "\\guide.hhc";
-    std::string site_properties;
-    ReadContents(texts.Read(contents), {contents, false, topics, guide.topics.ListAliases, trap},
-                 guide.contents, site_properties);
+    // Of an installation that lacks a file the rest is shown.
+    trap([&] { ReadFileList(texts.Read(project), folder, topics, no_title, trap); });
+    trap([&] { ReadAliases(texts.Read(folder + "\\guide.ali"), project, topics); });
+    trap([&] {
+        const std::string contents = folder + "\\guide.hhc";
+        std::string site_properties;
+        ReadContents(texts.Read(contents),
+                     {contents, false, topics, guide.topics.ListAliases, trap}, guide.contents,
+                     site_properties);
+    });
 }
 
 std::string HelpIdentifier(std::string_view form) {

@@ -21,8 +21,7 @@ struct UserGuide {
     [[nodiscard]] std::string PathOf(std::string_view identifier) const;
 };
 
-/// Reads the guide with the readers of all projects. Raises as FileSystem::ReadFile where it is
-/// not installed.
+/// Reads the guide with the readers of all projects; the log tells of files that it lacks.
 void ReadUserGuide(MainForm& main, UserGuide& guide);
 
 /// The identifier of the topic about a dialog, by the dialog's name.

@@ -83,10 +83,9 @@ void ShowPreview(MainForm& main) {
 void ShowReport(MainForm& main) {
     if (main.project.proj.empty()) return;
     main.window.ProgressReport.Visible = true;
-    main.screen.SetPointer(Pointer::kHourglass);
+    const Hourglass hourglass(main.screen);
     WriteReport(main);
     main.WebBrowser1.Navigate(ReportPath(main));
-    main.screen.SetPointer(Pointer::kNormal);
     main.window.ProgressReport.Visible = false;
 }
 

@@ -10,6 +10,7 @@
 #include "cli/dump.hpp"
 #include "cli/routines.hpp"
 #include "cli/session.hpp"
+#include "platform/failure.hpp"
 #include "platform/native_file_system.hpp"
 
 namespace quorrel {
@@ -76,10 +77,17 @@ int RunCli(int argc, const char* const* argv, std::istream& in, std::ostream& ou
         const int code = app.exit(error, out, err);
         return code == 0 ? exit_code::kSuccess : exit_code::kUsage;
     }
-    if (dump->parsed()) return Dump(call, out, err, at_end);
-    if (resave->parsed()) return Resave(call, all, err);
-    if (convert->parsed()) return Convert(call.project, force, out, err);
-    return tag_value->parsed() ? RunTagValueLines(in, out, err) : RunPathLines(in, out, err);
+    try {
+        if (dump->parsed()) return Dump(call, out, err, at_end);
+        if (resave->parsed()) return Resave(call, all, err);
+        if (convert->parsed()) return Convert(call.project, force, out, err);
+        return tag_value->parsed() ? RunTagValueLines(in, out, err) : RunPathLines(in, out, err);
+    } catch (const RuntimeError& error) {
+        err << "quorrel-cli: " << error.what() << '\n';
+    } catch (const std::bad_alloc&) {
+        err << "quorrel-cli: Out of memory\n";
+    }
+    return exit_code::kFailure;
 }
 
 }  // namespace quorrel

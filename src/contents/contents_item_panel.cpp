@@ -8,6 +8,7 @@
 #include "contents/contents_tree.hpp"
 #include "contents/node_data.hpp"
 #include "platform/controls/follow.hpp"
+#include "platform/meanwhile.hpp"
 #include "platform/text.hpp"
 #include "project/paths.hpp"
 
@@ -135,14 +136,15 @@ void LoadTOCProperties(MainForm& main) {
     TreeNode* node = contents.Tree1.SelectedItem();
     if (node == nullptr) return;
     CommitContentsItem(main);
-    contents.toc_loading = true;
-    contents.toc_item_node = node;
-    main.window.EditTOCText.Text = node->Text;
-    const NodeData data = UnpackNodeData(node->Tag);
-    ShowLocation(main, data.location);
-    main.window.CheckTOCIsBook.Value = node->Children() > 0;
-    ShowExtra(main, data.extra);
-    contents.toc_loading = false;
+    {
+        const Meanwhile loading(contents.toc_loading, true);
+        contents.toc_item_node = node;
+        main.window.EditTOCText.Text = node->Text;
+        const NodeData data = UnpackNodeData(node->Tag);
+        ShowLocation(main, data.location);
+        main.window.CheckTOCIsBook.Value = node->Children() > 0;
+        ShowExtra(main, data.extra);
+    }
     contents.toc_item_changed.Emit();
 }
 

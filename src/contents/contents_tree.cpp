@@ -6,6 +6,7 @@
 #include "app/commands.hpp"
 #include "app/main_form.hpp"
 #include "contents/contents_item_panel.hpp"
+#include "platform/meanwhile.hpp"
 
 namespace quorrel {
 namespace {
@@ -107,9 +108,10 @@ void TreeNodeChanged(MainForm& main) {
     ContentsState& contents = main.contents;
     main.screen.DoEvents();
     if (contents.toc_item_dirty) {
-        contents.Tree1.Enabled = false;
-        SaveTOCProperties(main);
-        contents.Tree1.Enabled = true;
+        {
+            const Meanwhile disabled(contents.Tree1.Enabled, false);
+            SaveTOCProperties(main);
+        }
         main.screen.DoEvents();
     }
     if (contents.Tree1.SelectedItem() == nullptr) return;

@@ -4,6 +4,7 @@
 #include "editor/foreign_change.hpp"
 #include "editor/object_mask.hpp"
 #include "editor/save_html.hpp"
+#include "platform/meanwhile.hpp"
 #include "platform/text.hpp"
 #include "project/paths.hpp"
 #include "project/save_project.hpp"
@@ -191,16 +192,19 @@ void ShowByTab(MainForm& main) {
     }
 }
 
-class Loading {
-  public:
-    explicit Loading(EditorState& editor) : editor_(editor) { editor_.loading = true; }
-    Loading(const Loading&) = delete;
-    Loading& operator=(const Loading&) = delete;
-    ~Loading() { editor_.loading = false; }
-
-  private:
-    EditorState& editor_;
-};
+/// Gives what LoadDocument gives.
+std::int32_t BringToSurface(MainForm& main) {
+    const std::string& path = main.editor.temp_path;
+    const Hourglass hourglass(main.screen);
+    // Before it is read: a change that comes between is found out later.
+    if (!IsWorkingCopy(path)) NoteTopicFile(main, path);
+    const std::int32_t failure = LoadDocument(main, path);
+    // Before the wait, so that the surface has to show one document only.
+    if (!main.settings.is_javahelp_edition) MaskLoadedDocument(main);
+    WaitForSurface(main);
+    if (ShowsTab(main, right_tab::kSource)) main.Source1.SetText(main.DHTMLEdit1.DocumentHTML());
+    return failure;
+}
 
 /// What LoadFile does once it is sure to run alone.
 void LoadFileAlone(MainForm& main) {
@@ -217,15 +221,7 @@ void LoadFileAlone(MainForm& main) {
     }
     editor.temp_path = FileToLoad(main);
     editor.main_path = editor.new_main_path;
-    main.screen.SetPointer(Pointer::kHourglass);
-    // Before it is read: a change that comes between is found out later.
-    if (!IsWorkingCopy(editor.temp_path)) NoteTopicFile(main, editor.temp_path);
-    const std::int32_t failure = LoadDocument(main, editor.temp_path);
-    // Before the wait, so that the surface has to show one document only.
-    if (!main.settings.is_javahelp_edition) MaskLoadedDocument(main);
-    WaitForSurface(main);
-    if (ShowsTab(main, right_tab::kSource)) main.Source1.SetText(main.DHTMLEdit1.DocumentHTML());
-    main.screen.SetPointer(Pointer::kNormal);
+    const std::int32_t failure = BringToSurface(main);
     SyncTopicSelection(main);
     editor.ActiveDirty = true;
     editor.TopicPropDirty = false;
@@ -260,7 +256,7 @@ void NavigateToReport(MainForm& main) {
 
 void LoadFile(MainForm& main) {
     if (main.editor.loading) return;
-    const Loading loading(main.editor);
+    const Meanwhile loading(main.editor.loading, true);
     LoadFileAlone(main);
 }
 

@@ -26,6 +26,7 @@ namespace run_time_error {
 inline constexpr int kInvalidArgument = 5;
 inline constexpr int kOutOfMemory = 7;
 inline constexpr int kSubscriptOutOfRange = 9;
+inline constexpr int kInternal = 51;  // a fault of the program itself
 inline constexpr int kFileNotFound = 53;
 inline constexpr int kDeviceError = 57;
 inline constexpr int kFileExists = 58;

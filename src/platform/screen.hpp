@@ -66,4 +66,18 @@ class Screen {
     virtual void SetClipboardText(std::string_view text) = 0;
 };
 
+/// Shows the hourglass while it lives.
+class Hourglass {
+  public:
+    explicit Hourglass(Screen& screen) : screen_(screen) {
+        screen_.SetPointer(Pointer::kHourglass);
+    }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+    ~Hourglass() { screen_.SetPointer(Pointer::kNormal); }
+
+  private:
+    Screen& screen_;
+};
+
 }  // namespace quorrel

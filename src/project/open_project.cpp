@@ -196,13 +196,14 @@ void OpenProject_Click(MainForm& main) {
     ShowBuildButtons(main);
     UpdateToolbars(main);
     DeriveFileNames(main);
-    main.screen.SetPointer(Pointer::kHourglass);
-    if (main.project.help_mode == 1) {
-        ReadJavaHelpProject(main);
-    } else {
-        ReadHtmlHelpProject(main, trap);
+    {
+        const Hourglass hourglass(main.screen);
+        if (main.project.help_mode == 1) {
+            ReadJavaHelpProject(main);
+        } else {
+            ReadHtmlHelpProject(main, trap);
+        }
     }
-    main.screen.SetPointer(Pointer::kNormal);
     project.lngMapCount = ReadImageMapCount(main);
     TellWhatWasLeftBehind(main, converts);
 }

@@ -182,9 +182,10 @@ bool FileSave_Click(MainForm& main) {
     StatusBar& status = main.window.StatusBar1;
     const std::string shown = status.Panel(1);
     status.SetPanel(1, "Saving Project...");
-    main.screen.SetPointer(Pointer::kHourglass);
-    SaveProject(main);
-    main.screen.SetPointer(Pointer::kNormal);
+    {
+        const Hourglass hourglass(main.screen);
+        SaveProject(main);
+    }
     const bool saved = main.log.Count() == errors_before;
     main.project.project_dirty = !saved;
     if (saved) {

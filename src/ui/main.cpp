@@ -13,6 +13,7 @@
 #include "platform/native_shell.hpp"
 #include "ui/appearance.hpp"
 #include "ui/closed_network.hpp"
+#include "ui/guarded_application.hpp"
 #include "ui/main_window.hpp"
 #include "ui/preview_pane.hpp"
 #include "ui/qt_screen.hpp"
@@ -43,13 +44,23 @@ void PrepareWebEngine() {
     QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
 }
 
+/// There is a window to tell a failure in, and to close the program by, however the start ends.
+void Start(quorrel::MainForm& main, const std::string& command_line) {
+    try {
+        Form_Load(main, command_line);
+    } catch (...) {
+        main.window.window.Visible = true;
+        throw;
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     using namespace quorrel;
     const std::string command_line = CommandLine(argc, argv);
     PrepareWebEngine();
-    QApplication app(argc, argv);
+    GuardedApplication app(argc, argv);
     QApplication::setApplicationName("Quorrel");
     QApplication::setApplicationVersion(QUORREL_VERSION);
     // The splash is the last window when it closes.
@@ -70,6 +81,6 @@ int main(int argc, char** argv) {
     MainWindow window(main_form, surface, source.Widget(), preview.Widget());
     QObject::connect(&window, &MainWindow::Closed, &app, &QCoreApplication::quit,
                      Qt::QueuedConnection);
-    QTimer::singleShot(0, &window, [&] { Form_Load(main_form, command_line); });
+    QTimer::singleShot(0, &window, [&] { Start(main_form, command_line); });
     return QApplication::exec();
 }

@@ -7,6 +7,7 @@
 #include <QOpenGLWidget>
 #include <QStatusBar>
 
+#include "app/failed_step.hpp"
 #include "app/main_form.hpp"
 #include "app/startup.hpp"
 #include "contents/contents_drag.hpp"
@@ -18,6 +19,7 @@
 #include "ui/contents_pane.hpp"
 #include "ui/context_menu.hpp"
 #include "ui/elided_label.hpp"
+#include "ui/guarded_application.hpp"
 #include "ui/help_window.hpp"
 #include "ui/index_pane.hpp"
 #include "ui/listen.hpp"
@@ -75,6 +77,17 @@ MainWindow::MainWindow(MainForm& main, WebSurface& surface, QWidget* source, QWi
     Listen(main_.window.window.changed, this, [this] { FollowWindow(); });
     Listen(main_.window.StatusBar1.changed, this, [this] { FollowStatus(); });
     FollowStatus();
+    FollowFailures();
+}
+
+void MainWindow::FollowFailures() {
+    auto* application = qobject_cast<GuardedApplication*>(qApp);
+    if (application == nullptr) return;
+    connect(application, &GuardedApplication::StepFailed, this,
+            [this](int number, const QString& text, bool is_news) {
+                LogFailedStep(main_, number, FromQt(text));
+                if (is_news) TellFailedStep(main_, FromQt(text));
+            });
 }
 
 void MainWindow::MakePanes(QWidget* source, QWidget* preview) {
@@ -169,12 +182,14 @@ void MainWindow::Remember() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (is_closed_) return event->accept();
-    if (!Form_QueryUnload(main_)) return event->ignore();
+    // It stays open also where a failure breaks off the question whether it may close.
+    event->ignore();
+    if (!Form_QueryUnload(main_)) return;
+    event->accept();
     is_closed_ = true;
+    emit Closed();
     Remember();
     Form_Unload(main_);
-    event->accept();
-    emit Closed();
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -40,6 +40,7 @@ class MainWindow : public QMainWindow {
     void MakeStatusBar();
     void FollowWindow();
     void FollowStatus();
+    void FollowFailures();
     void ShowFirstTime();
     void Remember();
     void ShowGuide(std::string_view identifier);

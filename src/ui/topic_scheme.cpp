@@ -5,6 +5,8 @@
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
 
+#include <new>
+
 #include "platform/failure.hpp"
 #include "platform/text.hpp"
 #include "platform/topic_encoding.hpp"
@@ -90,9 +92,10 @@ void TopicSchemeHandler::requestStarted(QWebEngineUrlRequestJob* job) {
     const QUrl url = job->requestUrl();
     if (job->requestMethod() != "GET") return job->fail(QWebEngineUrlRequestJob::RequestDenied);
     if (url.host() == kBlankHost) return Reply(job, "text/html", {});
-    if (const auto text = document_(url)) return Reply(job, "text/html", HtmlForEngine(*text));
-    const std::string path = PathOfUrl(url);
+    // Nothing may be raised through the engine, which called this.
     try {
+        if (const auto text = document_(url)) return Reply(job, "text/html", HtmlForEngine(*text));
+        const std::string path = PathOfUrl(url);
         const std::string bytes = files_.ReadFile(path);
         const QByteArray type = MimeTypeOf(path);
         if (type != "text/html") return Reply(job, type, QByteArray::fromStdString(bytes));
@@ -100,6 +103,8 @@ void TopicSchemeHandler::requestStarted(QWebEngineUrlRequestJob* job) {
         Reply(job, type, HtmlForEngine(DecodeText(bytes, TopicEncoding(bytes, code_page))));
     } catch (const RuntimeError&) {
         job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+    } catch (const std::bad_alloc&) {
+        job->fail(QWebEngineUrlRequestJob::RequestFailed);
     }
 }
 

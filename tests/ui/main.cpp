@@ -5,6 +5,7 @@
 
 #include "ui/appearance.hpp"
 #include "ui/closed_network.hpp"
+#include "ui/guarded_application.hpp"
 #include "ui/topic_scheme.hpp"
 
 int main(int argc, char** argv) {
@@ -14,7 +15,7 @@ int main(int argc, char** argv) {
     quorrel::RegisterTopicScheme();
     QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     testing::InitGoogleTest(&argc, argv);
-    QApplication app(argc, argv);
+    quorrel::GuardedApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     quorrel::LoadPictures();
     return RUN_ALL_TESTS();
