@@ -7,6 +7,18 @@
 
 namespace quorrel {
 
+std::string Listed(const std::vector<LeftBehind>& kinds) {
+    std::string text;
+    for (const LeftBehind& kind : kinds) {
+        if (kind.count == 0) continue;
+        if (!text.empty()) text += ", ";
+        text.append(kind.what).append(" (").append(std::to_string(kind.count));
+        if (kind.of > 0) text.append(" of ").append(std::to_string(kind.of));
+        text += ')';
+    }
+    return text;
+}
+
 FileLeftBehind* LeftBehindFiles::Find(std::string_view path) {
     const auto found = std::find_if(files_.begin(), files_.end(), [&](const FileLeftBehind& file) {
         return IgnoringCaseEqual()(file.path, path);

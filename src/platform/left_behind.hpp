@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/file_system.hpp"
@@ -17,6 +18,21 @@ struct LeftBehind {
     int count = 0;
     int of = 0;  // how many of the kind there are; 0 where that says nothing
 };
+
+/// Counts one kind while a file is read.
+struct LossCount {
+    int seen = 0;
+    int lost = 0;
+
+    void See(bool is_lost) {
+        ++seen;
+        if (is_lost) ++lost;
+    }
+    [[nodiscard]] LeftBehind Of(std::string what) const { return {std::move(what), lost, seen}; }
+};
+
+/// The kinds that were found, as one text: "aliases (3 of 5), comments (1)".
+[[nodiscard]] std::string Listed(const std::vector<LeftBehind>& kinds);
 
 /// All that was left behind of one file.
 struct FileLeftBehind {

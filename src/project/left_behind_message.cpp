@@ -18,18 +18,6 @@ constexpr std::string_view kWhatHappensOnConverting =
 
 constexpr std::size_t kMostLines = 12;  // of a box that fits a small screen
 
-std::string LineOf(const FileLeftBehind& file, const std::string& name) {
-    std::string line = name + ": ";
-    std::string_view separator;
-    for (const LeftBehind& kind : file.kinds) {
-        line.append(separator).append(kind.what).append(" (").append(std::to_string(kind.count));
-        if (kind.of > 0) line.append(" of ").append(std::to_string(kind.of));
-        line += ')';
-        separator = ", ";
-    }
-    return line;
-}
-
 }  // namespace
 
 std::string LeftBehindMessage(const std::vector<FileLeftBehind>& files, bool converts,
@@ -39,7 +27,8 @@ std::string LeftBehindMessage(const std::vector<FileLeftBehind>& files, bool con
     const bool is_too_long = files.size() > kMostLines;
     const std::size_t shown = is_too_long ? kMostLines - 1 : files.size();
     for (std::size_t i = 0; i < shown; ++i) {
-        text.append(kLineEnd).append(LineOf(files[i], name_of(files[i].path)));
+        text.append(kLineEnd).append(name_of(files[i].path));
+        text.append(": ").append(Listed(files[i].kinds));
     }
     if (is_too_long) {
         text.append(kLineEnd).append("and ").append(std::to_string(files.size() - shown));

@@ -7,6 +7,7 @@
 #include "formats/htmlhelp/hhc.hpp"
 #include "formats/htmlhelp/hhk.hpp"
 #include "formats/htmlhelp/hhp.hpp"
+#include "formats/htmlhelp/hhp_left_behind.hpp"
 #include "formats/htmlhelp/map_files.hpp"
 #include "formats/javahelp/helpset.hpp"
 #include "platform/text.hpp"
@@ -107,6 +108,7 @@ void ReadHtmlHelpProject(MainForm& main, const Trap& trap) {
     rebuildindex_Click(main);
     ReadHTMLMapFiles(main);
     verify_map_ids(main.topics.ListTopics, project.Alias_Prefix);
+    NoteLeftBehindInProject(main);
     ReadTOC(main);
     ReadIndex(main);
     if (main.files.FileExists(main.outline.doc_outline)) ReadDocOutline(main);

@@ -10,7 +10,7 @@ namespace {
 class ErrorLogTest : public ProjectFixture {
   protected:
     void SetUp() override {
-        folder.Write("p/guide.hhp", "[OPTIONS]\r\nTitle=Guide\r\nLanguage=0x419 Russian\r\n");
+        folder.Write("p/guide.hhp", "[OPTIONS]\r\nTitle=Guide\r\nLanguage=0x419 Russian\r\n\r\n[FILES]\r\n");
         Open("p/guide.hhp");
     }
 };

@@ -20,7 +20,7 @@ class Startup : public test::ProjectFixture {
         folder.Write("settings/qrrl_hj.ini", text);
     }
     std::string Project(const std::string& name) {
-        folder.Write(name, "[OPTIONS]\r\nTitle=" + name + "\r\n");
+        folder.Write(name, "[OPTIONS]\r\nTitle=" + name + "\r\n\r\n[FILES]\r\n");
         return folder.Windows(name);
     }
 };

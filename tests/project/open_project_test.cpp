@@ -68,13 +68,16 @@ TEST_F(OpenProject, IsConvertedInMemoryByTheJavaHelpEdition) {
 }
 
 TEST_F(OpenProject, ReadsAsFarAsItCan) {
+    const std::string loss = "\r\nguide.hhp: entries of [FILES] that are no topics (1 of 1)";
     folder.Write("p/guide.hhp", "[FILES]\nmissing.htm\n");
+    screen.ExpectMessageWith(loss);
     Open(kProject);
     EXPECT_EQ(log_lines, (std::vector<std::string>{"MainForm ReadTOC: 53 File not found",
                                                    "MainForm ReadIndex: 53 File not found"}));
     EXPECT_EQ(main.project.project_title, "Untitled");
     // A tree without a location runs off its end.
     folder.Write("p/guide.hhc", "<LI>\n<param name=Name value=x>\n</OBJECT>\n");
+    screen.ExpectMessageWith(loss);
     Open(kProject);
     EXPECT_EQ(log_lines.back(), "MainForm OpenProject Click: 35600 Index out of bounds");
     EXPECT_TRUE(main.project.proj_success);
@@ -85,7 +88,7 @@ TEST_F(OpenProject, NothingOfTheProjectBeforeStays) {
     folder.Write("p/guide.out", "<LI>\n<param name=Name value=Doc>\n</OBJECT>\n");
     Open(kProject);
     EXPECT_EQ(main.outline.TreeDoc.Count(), 1);
-    folder.Write("q/other.hhp", "[OPTIONS]\nTitle=Other\n");
+    folder.Write("q/other.hhp", "[OPTIONS]\nTitle=Other\n[FILES]\n");
     main.project.recent_proj = folder.Windows("q/other.hhp");
     OpenProject_Click(main);
     EXPECT_EQ(main.topics.ListTopics.Count() + main.contents.Tree1.Count() +
@@ -141,7 +144,9 @@ TEST_F(OpenProject, TheWorkingCopyIsLoadedWhenTheTopicIsMissing) {
     WriteProject();
     std::filesystem::remove(folder.Native("p/Html/A.HTM"));
     folder.Write("p/Html/a.htm.tmp.htm", "copy");
-    folder.Write("p/guide.hhp", "[OPTIONS]\nContents file=toc.hhc\n");
+    folder.Write("p/guide.hhp", "[OPTIONS]\nContents file=toc.hhc\n[FILES]\n");
+    screen.ExpectMessageWith(
+        "\r\nguide.ali: lines of a file that the project does not include (1)");
     Open(kProject);
     EXPECT_EQ(surface.DocumentHTML(), "copy");
     EXPECT_EQ(main.editor.main_path, folder.Windows("p/html/a.htm"));
@@ -180,17 +185,24 @@ TEST_F(OpenProject, ALostRecentEntryIsToldAndStays) {
 TEST_F(OpenProject, DamagedFilesAreReadAsFarAsTheyGo) {
     const std::string ten_megabytes(10'000'000, 'x');
     const std::string nul(1, '\0');
-    const std::string cases[] = {
-        "[FILES]\r#include\r" + ten_megabytes + "\r;Title=" + ten_megabytes,
-        "[OPTIONS]\nTitle=a" + nul + "b\n[FILES]\na" + nul +
-            ".htm\n[ALIAS]\n#include guide.hhp\n[MAP]\n#include guide.hhp",
-        "\xEF\xBB\xBF[OPTIONS]\nTitle=\xC3\xA9\n", "\xFF\xFE[" + nul,
-        std::string(200000, '[') + "\n" + std::string(200000, '=')};
-    for (const std::string& text : cases) {
+    struct Case {
+        std::string text;
+        const char* warning;  // null for none
+    };
+    const Case cases[] = {
+        {"[FILES]\r#include\r" + ten_megabytes + "\r;Title=" + ten_megabytes, "entries of [FILES]"},
+        {"[OPTIONS]\nTitle=a" + nul + "b\n[FILES]\na" + nul +
+             ".htm\n[ALIAS]\n#include guide.hhp\n[MAP]\n#include guide.hhp",
+         "options (1 of 1)"},
+        {"\xEF\xBB\xBF[OPTIONS]\nTitle=\xC3\xA9\n", "options (1 of 1)"},
+        {"\xFF\xFE[" + nul, nullptr},
+        {std::string(200000, '[') + "\n" + std::string(200000, '='), nullptr}};
+    for (const auto& [text, warning] : cases) {
         folder.Write("p/guide.hhp", text);
         folder.Write("p/guide.hhc", text);
         folder.Write("p/guide.hhk",
                      "<LI>\r<param name=name value=\"" + ten_megabytes + "\">\r" + text);
+        if (warning != nullptr) screen.ExpectMessageWith(warning);
         Open(kProject);
         EXPECT_TRUE(main.project.proj_success);
     }

@@ -23,7 +23,11 @@ class ScriptedScreen : public Screen {
     }
 
     void ExpectMessage(std::string text, MessageAnswer answer = MessageAnswer::kOk) {
-        answers_.emplace_back(std::move(text), answer);
+        answers_.push_back({std::move(text), answer, false});
+    }
+    /// A message with this in it, whatever else it says.
+    void ExpectMessageWith(std::string part, MessageAnswer answer = MessageAnswer::kOk) {
+        answers_.push_back({std::move(part), answer, true});
     }
     void ExpectFileDialog(std::string answer) { files_.push_back(std::move(answer)); }
     /// `work` gets the form as it is shown.
@@ -53,10 +57,12 @@ class ScriptedScreen : public Screen {
             ADD_FAILURE() << "unexpected message: " << message.text;
             return MessageAnswer::kCancel;
         }
-        const auto [text, answer] = answers_.front();
+        const Answer expected = std::move(answers_.front());
         answers_.pop_front();
-        EXPECT_EQ(message.text, text);
-        return answer;
+        if (!expected.is_part || message.text.find(expected.text) == std::string::npos) {
+            EXPECT_EQ(message.text, expected.text);
+        }
+        return expected.answer;
     }
     std::string ChooseFile(const FileDialog& dialog) override {
         last_dialog_ = dialog;
@@ -74,7 +80,13 @@ class ScriptedScreen : public Screen {
     void SetClipboardText(std::string_view text) override { clipboard = text; }
 
   private:
-    std::deque<std::pair<std::string, MessageAnswer>> answers_;
+    struct Answer {
+        std::string text;
+        MessageAnswer answer;
+        bool is_part;
+    };
+
+    std::deque<Answer> answers_;
     std::deque<std::string> files_;
     std::deque<std::pair<std::string, std::function<void(Form&)>>> forms_;
     std::vector<std::unique_ptr<Form>> beside_;

@@ -6,6 +6,7 @@
 #include "app/main_form.hpp"
 #include "platform/text.hpp"
 #include "platform/text_lines.hpp"
+#include "platform/unicode.hpp"
 #include "project/paths.hpp"
 #include "project/topic_title.hpp"
 
@@ -30,6 +31,47 @@ void ReadPastSupportFiles(TextLines& lines, std::string_view& line, const Trap& 
     }
 }
 
+bool IsOwnedOption(std::string_view line) {
+    return std::any_of(std::begin(kOwnedOptions), std::end(kOwnedOptions),
+                       [&](std::string_view key) { return ContainsIgnoringAsciiCase(line, key); });
+}
+
+/// What of the old file stays, with the owned options at the end of [OPTIONS].
+std::string KeptLines(std::string_view old_text, const ProjectState& project) {
+    std::string text;
+    KeptProjectLines kept;
+    TextLines lines(old_text);
+    while (!lines.AtEnd()) {
+        const std::string_view line = lines.ReadLine();
+        const KeptProjectLines::Line fate = kept.Take(line);
+        if (kept.EndedOptions()) text += OwnedOptions(project);
+        if (fate == KeptProjectLines::Line::kKept) text.append(line).append(kLineEnd);
+    }
+    return text;
+}
+
+}  // namespace
+
+KeptProjectLines::Line KeptProjectLines::Take(std::string_view line) {
+    ended_options_ = false;
+    if (line.empty()) return Line::kBlank;
+    if (Contains(line, "[")) {
+        ended_options_ = in_options_;
+        in_options_ = in_owned_ = false;
+    }
+    if (ContainsIgnoringAsciiCase(line, "[OPTIONS]")) in_options_ = true;
+    for (const std::string_view head : {"[FILES]", "[ALIAS]", "[MAP]"}) {
+        if (ContainsIgnoringAsciiCase(line, head)) in_owned_ = true;
+    }
+    if (in_options_) return IsOwnedOption(line) ? Line::kOwnedOption : Line::kKept;
+    return in_owned_ ? Line::kOwnedSection : Line::kKept;
+}
+
+bool IsSupportFile(std::string_view name) {
+    return std::any_of(std::begin(kSupportFiles), std::end(kSupportFiles),
+                       [&](std::string_view file) { return EqualsIgnoringCase(name, file); });
+}
+
 std::string OwnedOptions(const ProjectState& project) {
     const std::string_view proj = project.proj;
     std::string text;
@@ -44,36 +86,6 @@ std::string OwnedOptions(const ProjectState& project) {
     line("Error log file", "compiler.log");
     return text;
 }
-
-bool IsOwnedOption(std::string_view line) {
-    return std::any_of(std::begin(kOwnedOptions), std::end(kOwnedOptions),
-                       [&](std::string_view key) { return ContainsIgnoringAsciiCase(line, key); });
-}
-
-/// What of the old file stays, with the owned options at the end of [OPTIONS].
-std::string KeptLines(std::string_view old_text, const ProjectState& project) {
-    std::string text;
-    bool in_options = false;
-    bool in_owned = false;  // in a section that is written anew as a whole
-    TextLines lines(old_text);
-    while (!lines.AtEnd()) {
-        const std::string_view line = lines.ReadLine();
-        if (line.empty()) continue;
-        if (Contains(line, "[") && (in_options || in_owned)) {
-            if (in_options) text += OwnedOptions(project);
-            in_options = in_owned = false;
-        }
-        if (ContainsIgnoringAsciiCase(line, "[OPTIONS]")) in_options = true;
-        for (const std::string_view head : {"[FILES]", "[ALIAS]", "[MAP]"}) {
-            if (ContainsIgnoringAsciiCase(line, head)) in_owned = true;
-        }
-        const bool stays = in_options ? !IsOwnedOption(line) : !in_owned;
-        if (stays) text.append(line).append(kLineEnd);
-    }
-    return text;
-}
-
-}  // namespace
 
 std::string ReadFileList(std::string_view text, std::string_view proj_path, ListView& ListTopics,
                          const TitleOfFile& title_of_file, const Trap& trap) {

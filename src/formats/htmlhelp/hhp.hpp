@@ -22,6 +22,25 @@ using TitleOfFile = std::function<std::optional<std::string>(const std::string& 
 std::string ReadFileList(std::string_view text, std::string_view proj_path, ListView& ListTopics,
                          const TitleOfFile& title_of_file, const Trap& trap);
 
+/// Goes through the lines of a project file and tells which of them a save keeps as they are.
+class KeptProjectLines {
+  public:
+    enum class Line { kBlank, kKept, kOwnedOption, kOwnedSection };
+    [[nodiscard]] Line Take(std::string_view line);
+    /// The line taken last has ended [OPTIONS]: before it the owned options are written.
+    [[nodiscard]] bool EndedOptions() const { return ended_options_; }
+
+  private:
+    bool in_options_ = false;
+    bool in_owned_ = false;  // in a section that is written anew as a whole
+    bool ended_options_ = false;
+};
+
+/// The options that the program writes, a line each.
+[[nodiscard]] std::string OwnedOptions(const ProjectState& project);
+/// Whether a project lists the file without it being a topic, in any case of letters.
+[[nodiscard]] bool IsSupportFile(std::string_view name);
+
 /// The text of a new project file, to be taken through WriteProjectText.
 [[nodiscard]] std::string NewProjectText(const ProjectState& project);
 /// The project file anew from its `old_text`: the options that the program owns, the list of

@@ -20,7 +20,44 @@ std::size_t FindSeparator(std::string_view line, std::size_t from) {
     return blank != npos ? blank : line.find('\t', from);
 }
 
-/// The file name of an #include line: in double quotes, in angle brackets, or bare.
+std::string_view FolderWithBackslash(std::string_view proj) {
+    return proj.substr(0, proj.rfind('\\') + 1);
+}
+
+std::string AliasFileOf(std::string_view proj) {
+    return std::string(BaseName(proj)) + ".ali";
+}
+
+/// Sets a cell; true where that takes another value away.
+bool Replace(ListRow& row, int cell, std::string_view value) {
+    const bool takes_away = !row.SubItems(cell).empty() && row.SubItems(cell) != value;
+    row.SetSubItem(cell, std::string(value));
+    return takes_away;
+}
+
+/// The comments of a header, by the rules of the C languages.
+class HeaderComments {
+  public:
+    /// The next line; true if what stands at `place` of it is commented out.
+    bool TakeLine(std::string_view line, std::size_t place) {
+        bool is_hidden = false;
+        for (std::size_t i = 0; i < line.size(); ++i) {
+            if (i == place) is_hidden = in_block_;
+            const std::string_view pair = line.substr(i, 2);
+            if (!in_block_ && pair == "//") return is_hidden || (place != npos && place > i);
+            if (pair != (in_block_ ? "*/" : "/*")) continue;
+            in_block_ = !in_block_;
+            ++i;
+        }
+        return is_hidden;
+    }
+
+  private:
+    bool in_block_ = false;
+};
+
+}  // namespace
+
 std::optional<std::string> IncludedFile(std::string_view line) {
     const std::size_t at = line.find(kInclude);
     if (at == npos) return std::nullopt;
@@ -35,10 +72,13 @@ std::optional<std::string> IncludedFile(std::string_view line) {
     return std::string(name.substr(0, name.find('>')));
 }
 
-struct Definition {
-    std::string_view alias;
-    std::string_view value;
-};
+std::optional<AliasLine> ParseAlias(std::string_view line) {
+    const std::size_t equals = line.find('=');
+    if (equals == npos) return std::nullopt;
+    const AliasLine parts{Trim(line.substr(0, equals)), TrimLeft(line.substr(equals + 1))};
+    if (parts.alias.empty() || parts.file.empty()) return std::nullopt;
+    return parts;
+}
 
 std::optional<Definition> ParseDefine(std::string_view line) {
     const std::size_t define = line.find(kDefine);
@@ -53,16 +93,6 @@ std::optional<Definition> ParseDefine(std::string_view line) {
     return Definition{Trim(line.substr(start, end - start)),
                       value == npos ? std::string_view{} : Trim(line.substr(value))};
 }
-
-std::string_view FolderWithBackslash(std::string_view proj) {
-    return proj.substr(0, proj.rfind('\\') + 1);
-}
-
-std::string AliasFileOf(std::string_view proj) {
-    return std::string(BaseName(proj)) + ".ali";
-}
-
-}  // namespace
 
 MapFileNames FindMapFiles(std::string_view hhp_text) {
     MapFileNames names;
@@ -84,31 +114,56 @@ MapFileNames FindMapFiles(std::string_view hhp_text) {
     return names;
 }
 
-void ReadAliases(std::string_view text, std::string_view proj, ListView& ListTopics) {
+std::vector<LeftBehind> ReadAliases(std::string_view text, std::string_view proj,
+                                    ListView& ListTopics) {
+    LossCount aliases, further;
+    int others = 0;
     TextLines lines(text);
     while (!lines.AtEnd()) {
         const std::string_view line = lines.ReadLine();
-        const std::size_t equals = line.find('=');
-        if (equals == npos) continue;
-        const std::string_view alias = Trim(line.substr(0, equals));
-        const std::string_view file = TrimLeft(line.substr(equals + 1));
-        if (alias.empty() || file.empty()) continue;
-        ListRow* topic = ListTopics.FirstWith(topic_cell::kFullPath, MakeFullPathRel(file, proj));
-        if (topic != nullptr) topic->SetSubItem(topic_cell::kMapId, std::string(alias));
+        const auto parts = ParseAlias(line);
+        if (!parts) {
+            if (!TrimBlanksAndTabs(line).empty()) ++others;
+            continue;
+        }
+        ListRow* topic =
+            ListTopics.FirstWith(topic_cell::kFullPath, MakeFullPathRel(parts->file, proj));
+        aliases.See(topic == nullptr);
+        if (topic != nullptr) further.See(Replace(*topic, topic_cell::kMapId, parts->alias));
     }
+    return {aliases.Of("aliases of no topic"),
+            further.Of("aliases of topics with another one"),
+            {"comments and other lines", others}};
 }
 
-void ReadMapHeader(std::string_view text, ListView& ListTopics, std::int64_t& next_integer) {
+std::vector<LeftBehind> ReadMapHeader(std::string_view text, ListView& ListTopics,
+                                      std::int64_t& next_integer) {
+    LossCount numbers, further;
+    int others = 0;
+    int revived = 0;
+    HeaderComments comments;
     TextLines lines(text);
     while (!lines.AtEnd()) {
-        const auto definition = ParseDefine(lines.ReadLine());
-        if (!definition) continue;
-        next_integer = std::max(next_integer, LeadingNumber(definition->value));
-        if (definition->alias.empty() || definition->value.empty()) continue;
+        const std::string_view line = lines.ReadLine();
+        const auto definition = ParseDefine(line);
+        const bool is_hidden = comments.TakeLine(line, line.find(kDefine));
+        if (definition) {
+            next_integer = std::max(next_integer, LeadingNumber(definition->value));
+        }
+        if (!definition || definition->alias.empty() || definition->value.empty()) {
+            if (!TrimBlanksAndTabs(line).empty()) ++others;
+            continue;
+        }
         ListRow* topic = ListTopics.FirstWith(topic_cell::kMapId, definition->alias);
-        if (topic != nullptr)
-            topic->SetSubItem(topic_cell::kInteger, std::string(definition->value));
+        numbers.See(topic == nullptr);
+        if (topic == nullptr) continue;
+        further.See(Replace(*topic, topic_cell::kInteger, definition->value));
+        if (is_hidden) ++revived;
     }
+    return {numbers.Of("#define lines of no topic"),
+            further.Of("#define lines of topics with another number"),
+            {"#define lines in comments, taken as numbers", revived},
+            {"comments and other lines", others}};
 }
 
 std::string WriteAliases(const ListView& ListTopics, std::string_view proj) {
@@ -145,13 +200,15 @@ void ReadHTMLMapFiles(MainForm& main) {
         if (!names.map_file.empty()) project.java_map_file = std::move(names.map_file);
         if (!names.alias_file.empty() &&
             trap([&] { text = main.texts.Read(folder + names.alias_file); })) {
-            ReadAliases(text, project.proj, main.topics.ListTopics);
+            main.texts.NoteLeftBehind(folder + names.alias_file,
+                                      ReadAliases(text, project.proj, main.topics.ListTopics));
         }
     }
     if (project.java_map_file.empty()) return;
     project.java_map_file.insert(0, folder);
     if (trap([&] { text = main.texts.Read(project.java_map_file); })) {
-        ReadMapHeader(text, main.topics.ListTopics, project.next_integer);
+        main.texts.NoteLeftBehind(project.java_map_file, ReadMapHeader(text, main.topics.ListTopics,
+                                                                       project.next_integer));
     }
 }
 

@@ -1,0 +1,104 @@
+// What the readers tell of files that hold more than a save keeps. What is harmless stands in the
+// tables too, with nothing found.
+#include <gtest/gtest.h>
+
+#include "formats/htmlhelp/hhp.hpp"
+#include "formats/htmlhelp/hhp_left_behind.hpp"
+#include "formats/htmlhelp/map_files.hpp"
+#include "platform/text.hpp"
+
+namespace quorrel {
+namespace {
+
+class LeftBehindInFiles : public testing::Test {
+  protected:
+    LeftBehindInFiles() {
+        project.proj = "C:\\p\\guide.hhp";
+        project.proj_path = "C:\\p";
+        project.hhcfile = "C:\\p\\guide.hhc";
+        project.hhkfile = "C:\\p\\guide.hhk";
+        project.java_map_file = "C:\\p\\guide.h";
+        project.project_title = "Guide";
+        project.project_def_topic = "C:\\p\\a.htm";
+        AddTopic("a", "A", "1");
+        AddTopic("b", "B", "");
+    }
+    void AddTopic(const std::string& name, std::string alias, std::string number) {
+        ListRow& row = topics.Add(name);
+        row.SetSubItem(topic_cell::kFullPath, "C:\\p\\" + name + ".htm");
+        row.SetSubItem(topic_cell::kMapId, std::move(alias));
+        row.SetSubItem(topic_cell::kInteger, std::move(number));
+    }
+    [[nodiscard]] std::string InProject(std::string_view text) const {
+        return Listed(LeftBehindInProject(text, project, topics));
+    }
+
+    ProjectState project;
+    ListView topics{8, 0};
+    std::int64_t next_integer = 0;
+};
+
+struct Case {
+    std::string_view text;
+    std::string_view found;
+};
+
+TEST_F(LeftBehindInFiles, OfAProjectFile) {
+    constexpr std::string_view kFiles = "[FILES]\na.htm\n;Title=a\nb.htm\n";
+    const Case cases[] = {
+        {"", ""},
+        {"[OPTIONS]\nTITLE = \"Guide\"\nDefault Topic=a.htm\nContents file=GUIDE.hhc\n"
+         "Compiled file=x.chm\nFlat=1\nTitle=\n\n[WINDOWS]\nm=\"t\",[1,2]\n; kept\n[Alias]\n"
+         "#include x.ali\nA=A.HTM\n[MAP]\n#include <guide.h>\n#define A 1\n[TEXT POPUPS]\nx\n",
+         ""},
+        {"RTEX.GIF\nimg\\x.gif\n; note\n;Title=stray\nstyle.css\n",
+         "entries of [FILES] that are no topics (2 of 4), comments and other lines (1)"},
+        {"x[1].htm\nc.htm\n", "entries of [FILES] that are no topics (2 of 4)"},
+        {"[ALIAS]\nA=a.htm\nB2=b.htm\nC=c.htm\n;D=a.htm\nE\n#include x.ali\n#include y.ali\n",
+         "aliases inside [ALIAS] (2 of 3), #include lines beside another one (1 of 2), "
+         "comments and other lines (2)"},
+        {"[map]\n#define A 1\n#define A 2\n#define B 3\n;#define A 4\n// note\n",
+         "#define lines inside [MAP] (2 of 3), comments and other lines (2)"},
+        {"[OPTIONS]\nTitle=Other\nError log file=e.log\nDefault window=Subtitle\n; a title\n"
+         "Index file=other.hhk\nFlat=1\n[X]\n",
+         "options (4 of 5), comments and other lines (1)"},
+        // Nothing is written into [OPTIONS] at the end of the file.
+        {"[OPTIONS]\nTitle=Guide\nFlat=1\n", "options (1 of 2)"},
+        {"[OPTIONS]\n; see [FILES]\nTitle=Guide\nFlat=1\n[X]\n",
+         "options (2 of 2), comments and other lines (1)"}};
+    for (const Case& it : cases) {
+        EXPECT_EQ(InProject(std::string(kFiles).append(it.text)), it.found) << it.text;
+    }
+}
+
+TEST_F(LeftBehindInFiles, OfAliases) {
+    const Case cases[] = {
+        {"A=a.htm\r\n \r\n\r\nB = B.htm\r\nA=a.htm\r\n", ""},
+        {"A=a.htm\nA2=a.htm\nB=b.htm#x\nB=b.htm \n",
+         "aliases of no topic (2 of 4), aliases of topics with another one (1 of 2)"},
+        {"; note\n#include x\nA=a.htm\nX=\n", "comments and other lines (3)"}};
+    for (const Case& it : cases) {
+        for (int i = 1; i <= 2; ++i) topics.At(i).SetSubItem(topic_cell::kMapId, "");
+        EXPECT_EQ(Listed(ReadAliases(it.text, project.proj, topics)), it.found) << it.text;
+    }
+}
+
+TEST_F(LeftBehindInFiles, OfAHeader) {
+    const Case cases[] = {
+        {"#define A 1\n\n\t\n #define  b\t0x2\n#define A 1\n", ""},
+        // A blank behind the number, which stands behind a tab, makes both the name.
+        {"#define A 1\n#define X 2\n#define A 3\n#define B\t1 /* one */\n",
+         "#define lines of no topic (2 of 4), #define lines of topics with another number (1 of "
+         "2)"},
+        {"/* note\n#define A 1\n*/ #define B 2 // #define A 5\n//#define A 1\n",
+         "#define lines in comments, taken as numbers (2), comments and other lines (1)"},
+        {"#ifndef G_H\n#define G_H\n#include \"x.h\"\n#endif // G_H\n",
+         "comments and other lines (4)"}};
+    for (const Case& it : cases) {
+        for (int i = 1; i <= 2; ++i) topics.At(i).SetSubItem(topic_cell::kInteger, "");
+        EXPECT_EQ(Listed(ReadMapHeader(it.text, topics, next_integer)), it.found) << it.text;
+    }
+}
+
+}  // namespace
+}  // namespace quorrel
