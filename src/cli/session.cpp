@@ -23,8 +23,10 @@ std::string WhyUnreadable(FileSystem& files, const std::string& path) {
 }  // namespace
 
 MessageAnswer CliScreen::ShowMessage(const Message& message) {
-    err_ << "quorrel-cli: " << ReplaceAll(message.text, "\r\n", "\n") << '\n';
-    return SilentScreen::ShowMessage(message);
+    const MessageAnswer answer = SilentScreen::ShowMessage(message);
+    err_ << "quorrel-cli: " << ReplaceAll(message.text, "\r\n", "\n")
+         << (answer == MessageAnswer::kNo ? " No.\n" : "\n");
+    return answer;
 }
 
 Session::Session(const ProjectCall& call, NativeFileSystem& files, std::ostream& err)

@@ -7,6 +7,7 @@
 #include "project/paths.hpp"
 #include "project/save_project.hpp"
 #include "project/side_files.hpp"
+#include "project/xml_form.hpp"
 
 namespace quorrel {
 
@@ -95,6 +96,7 @@ void FormCreateProject::OKButton_Click() {
     project.project_dirty = true;
     project.proj_path = BeforeLast(project.proj, '\\', {});
     NameFiles();
+    ReadXmlForm(main_);
     project.lngMapCount = ReadImageMapCount(main_);
     ShowBuildButtons(main_);
     MakeImagesFolder();

@@ -16,6 +16,7 @@
 #include "project/save_project.hpp"
 #include "project/side_files.hpp"
 #include "project/verify_map_ids.hpp"
+#include "project/xml_form.hpp"
 
 namespace quorrel {
 namespace {
@@ -35,6 +36,7 @@ std::string ChooseProject(MainForm& main) {
 void ReadProjectSettings(MainForm& main) {
     ProjectState& project = main.project;
     main.texts.StartProject(Gethhp(main, "OPTIONS", "Language", ""));
+    ReadXmlForm(main);
     project.Pages_SubDir = GetProj(main, "Settings", "html", "");
     project.Images_Subdir = GetProj(main, "Settings", "images", "");
     project.last_file_path = GetProj(main, "Settings", "last_path", "");
@@ -83,6 +85,7 @@ void ConvertInMemory(MainForm& main) {
     project.project_def_topic.clear();
     main.contents.toc_dirty = true;
     main.keywords.index_dirty = true;
+    if (project.xml_form == XmlForm::kEscaped) TakeReferencesAsCharacters(main);
 }
 
 /// The contents of a project just converted have a map id for each location.

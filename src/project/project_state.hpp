@@ -8,6 +8,10 @@
 
 namespace quorrel {
 
+/// How texts stand in the files of JavaHelp: as they were typed, which "&" makes unreadable, or as
+/// XML has them.
+enum class XmlForm { kAsTyped, kEscaped };
+
 /// All paths are full Windows paths unless stated.
 struct ProjectState {
     std::string proj;           // the project file, .hs or .hhp
@@ -25,6 +29,8 @@ struct ProjectState {
     std::string last_new_prefix;
     std::int64_t next_integer = 0;  // the last context integer handed out, 0 for none yet
     int help_mode = 0;              // 1 a JavaHelp project, 0 an HTML Help project
+    XmlForm xml_form = XmlForm::kAsTyped;
+    bool xml_form_offered = false;  // the other form, since the project was opened
     bool javahelp_do_fts = false;   // there is a full-text search database
     bool project_dirty = false;
     bool backup_all_html = false;  // a topic that is replaced stays as ".bak"; nothing sets it

@@ -21,6 +21,7 @@
 #include "project/side_files.hpp"
 #include "project/topic_properties.hpp"
 #include "project/working_copy.hpp"
+#include "project/xml_form.hpp"
 
 namespace quorrel {
 namespace {
@@ -104,6 +105,7 @@ void KeepJavaHelpFilesApart(ProjectState& project) {
 void WriteProjectFiles(MainForm& main, const Trap& trap) {
     if (main.settings.is_javahelp_edition) {
         KeepJavaHelpFilesApart(main.project);
+        trap([&] { OfferXmlForm(main); });
         trap([&] { JavaWriteTOC(main); });
         trap([&] { JavaWriteIndex(main); });
         trap([&] { JavaWriteMapFile(main); });

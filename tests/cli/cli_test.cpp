@@ -43,6 +43,24 @@ TEST_F(Cli, ResavesAProjectAndTellsWhatItCouldNotRead) {
     EXPECT_EQ(RunProgram({"resave", "/nowhere/x.hhp"}).code, exit_code::kFailure);
 }
 
+TEST_F(Cli, NamesWhatJavaHelpViewersCannotReadAndLeavesIt) {
+    const std::string contents = "<tocitem text=\"Q&A\" target=\"a\"/>\n";
+    folder.Write("g.hs",
+                 "<title>T</title><mapref location=\"g.jhm\"/>\n"
+                 "<view><data>gTOC.xml</data>TOCView</view>\n");
+    folder.Write("g.jhm", "<mapID target=\"a\" url=\"a.htm\"/>\n");
+    folder.Write("a.htm", "<title>A</title>");
+    folder.Write("gTOC.xml", contents);
+    const Outcome outcome =
+        RunProgram({"--edition", "javahelp", "resave", folder.Native("g.hs").c_str()});
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_NE(outcome.err.find("\n\nContents: Q&A\n\n"), std::string::npos) << outcome.err;
+    EXPECT_TRUE(outcome.err.ends_with("? Viewers then show what you see here. No.\n"))
+        << outcome.err;
+    EXPECT_EQ(folder.Read("gTOC.xml"), contents);
+    EXPECT_FALSE(folder.Exists("g.prj"));
+}
+
 TEST_F(Cli, DumpsAProject) {
     folder.Write("g.hhp", "[OPTIONS]\nTitle=\"G\"\\\xE9\n[FILES]\na.htm\n;Title=A\x01\n");
     folder.Write("g.hhc", "<LI><OBJECT>\n<param name=Name value=N>\n</OBJECT>\n");

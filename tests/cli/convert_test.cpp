@@ -57,7 +57,7 @@ TEST_F(ConvertCommand, WritesAProjectBesideTheOldOneAndListsItsFiles) {
     const auto before = Files();
     const Outcome outcome = Convert();
     EXPECT_EQ(outcome.code, 0) << outcome.err;
-    EXPECT_EQ(outcome.err, "");
+    EXPECT_NE(outcome.err.find("\n\nContents: A & <b\n\n"), std::string::npos) << outcome.err;
     EXPECT_EQ(outcome.out, Lines(made));
     auto after = Files();
     EXPECT_EQ(after.size(), before.size() + made.size());

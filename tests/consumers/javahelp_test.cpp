@@ -149,6 +149,27 @@ TEST_F(JavaHelpTools, AViewerReadsAllLettersAndFilesInSubFolders) {
     }
 }
 
+TEST_F(JavaHelpTools, AViewerShowsEscapedTextsAsTheyWereTyped) {
+    SKIP_WITHOUT_JAVAHELP();
+    folder.Write("p/R&D.htm", "<title>A</title><body>a</body>");
+    folder.Write("p/g.prj", "[Settings]\nxml_escapes=1\n");
+    folder.Write("p/g.hs",
+                 "<title>Q&A <1> &amp;amp;</title><homeID>a&b</homeID>"
+                 "<mapref location=\"g.jhm\"/>\n<view><data>t&u.xml</data>TOCView</view>\n"
+                 "<view><data>i.xml</data>IndexView</view>\n");
+    folder.Write("p/g.jhm", "<mapID target=\"a&b\" url=\"R&D.htm\"/>\n");
+    folder.Write("p/t&u.xml",
+                 "<tocitem text=\"&quot;Q&A&quot; <&amp;lt;>\" target=\"a&b\"/>\n"
+                 "<tocitem text=\"&amp;amp; %22 &hellip;\"/>\n");
+    folder.Write("p/i.xml", "<indexitem text=\"&&&amp;quot;&quot;\" target=\"a&b\"/>\n");
+    ASSERT_NO_FATAL_FAILURE(
+        test::RunCommand(folder, {"--edition", "javahelp", "resave", "--all"}, "p/g.hs"));
+    EXPECT_EQ(View("p/g.hs texts").output,
+              "title: Q&A <1> &amp;\nhome: opens\nmap: 1 ids, 1 open\n"
+              "contents1: \"Q&A\" <&lt;> -> a&b\ncontents1: &amp; %22 …\n"
+              "index1: &&&quot;\" -> a&b\n");
+}
+
 /// A project of one topic and what is well-formed of it.
 struct XmlCase {
     const char* why;
@@ -175,8 +196,18 @@ const XmlCase kXmlCases[] = {
      "<indexitem text=\"k\">\n" + kItem + "</indexitem>\n<indexitem text=\"l\"/>\n", "", ""},
 };
 
-TEST_F(JavaHelpTools, FilesAreWellFormedButForWhatTheFormatsDoNotEscape) {
+TEST_F(JavaHelpTools, FilesAreWellFormedButForWhatIsNotEscaped) {
     SKIP_WITHOUT("xmllint", "libxml2-utils");
+    const auto check = [&](const XmlCase& test, const std::string& broken) {
+        ASSERT_NO_FATAL_FAILURE(
+            test::RunCommand(folder, {"--edition", "javahelp", "resave", "--all"}, "p/g.hs"));
+        for (const std::string file : {"g.hs", "g.jhm", "gTOC.xml", "gIndex.xml"}) {
+            const ToolRun run = RunTool(folder.Native("p"), "xmllint --nonet --noout " + file);
+            EXPECT_EQ(run.status != 0, file == broken) << test.why << "\n" << run.output;
+            if (file != broken) continue;
+            EXPECT_NE(run.output.find(test.message), npos) << test.why << "\n" << run.output;
+        }
+    };
     for (const XmlCase& test : kXmlCases) {
         folder.Write("p/a.htm", "<title>A</title><body>a</body>");
         folder.Write("p/g.hs", "<title>" + test.title +
@@ -186,14 +217,11 @@ TEST_F(JavaHelpTools, FilesAreWellFormedButForWhatTheFormatsDoNotEscape) {
         folder.Write("p/g.jhm", "<mapID target=\"" + test.map_id + "\" url=\"a.htm\"/>\n");
         folder.Write("p/gTOC.xml", "<tocitem text=\"" + test.caption + "\"/>\n");
         folder.Write("p/gIndex.xml", test.index);
-        ASSERT_NO_FATAL_FAILURE(
-            test::RunCommand(folder, {"--edition", "javahelp", "resave", "--all"}, "p/g.hs"));
-        for (const std::string file : {"g.hs", "g.jhm", "gTOC.xml", "gIndex.xml"}) {
-            const ToolRun run = RunTool(folder.Native("p"), "xmllint --nonet --noout " + file);
-            EXPECT_EQ(run.status != 0, file == test.broken) << test.why << "\n" << run.output;
-            if (file != test.broken) continue;
-            EXPECT_NE(run.output.find(test.message), npos) << test.why << "\n" << run.output;
-        }
+        folder.Write("p/g.prj", "");
+        check(test, test.broken);
+        folder.Write("p/g.prj", "[Settings]\nxml_escapes=1\n");
+        const bool is_open_group = test.message.starts_with("Opening");
+        check(test, is_open_group ? test.broken : "");
     }
 }
 

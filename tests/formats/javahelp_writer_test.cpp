@@ -217,8 +217,8 @@ TEST_F(IndexWriter, ATopicWithoutAnIdLeavesItsLineWithoutATarget) {
 TEST_F(IndexWriter, RefusesAFileBeyondAllBounds) {
     ListView ListKeywords{3};
     AddKeyword(ListKeywords, std::string(400, 'k'), kTargets.at('a') + kTargets.at('a'));
-    EXPECT_NO_THROW((void)WriteIndexXml(ListKeywords, tables, 2000));
-    EXPECT_THROW((void)WriteIndexXml(ListKeywords, tables, 800), RuntimeError);
+    EXPECT_NO_THROW((void)WriteIndexXml(ListKeywords, tables, XmlForm::kAsTyped, 2000));
+    EXPECT_THROW((void)WriteIndexXml(ListKeywords, tables, XmlForm::kAsTyped, 800), RuntimeError);
     tables.ListTopics.At(1).SetSubItem(topic_cell::kMapId, std::string(900, 'a'));
     EXPECT_THROW((void)JavaIndexTargets(ListKeywords.At(1), tables, 800), RuntimeError);
 }

@@ -127,6 +127,12 @@ const Difference kJavaHelp[] = {
     {"the keywords of a topic come in the order of the index", OrderKeywordsOfTopics},
 };
 
+const Difference kEscaped[] = {
+    {"the map has its images first", PutImagesFirst},
+    {"a HelpSet names no file for a view without entries", NameNoFileWithoutEntries},
+    {"the keywords of a topic come in the order of the index", OrderKeywordsOfTopics},
+};
+
 /// What a map id leads to when the files are read: title and path.
 IndexTarget BearerOf(const TopicTables& tables, std::string_view id) {
     if (const ListRow* topic = tables.ListTopics.FirstWithExactly(topic_cell::kMapId, id)) {
@@ -296,6 +302,10 @@ TEST(ManyProjects, OfHtmlHelpComeBack) {
 
 TEST(ManyProjects, OfJavaHelpComeBack) {
     CheckManyProjects(&RandomProject::WriteJavaHelp, "p/g.hs", "", "p/g.hs", kJavaHelp);
+}
+
+TEST(ManyProjects, OfJavaHelpComeBackAsXml) {
+    CheckManyProjects(&RandomProject::WriteEscapedJavaHelp, "p/g.hs", "", "p/g.hs", kEscaped);
 }
 
 TEST(ManyProjects, ComeBackConverted) {

@@ -174,6 +174,11 @@ std::string RandomProject::IndexItem(const Keyword& keyword) const {
     return text + "</indexitem>\n";
 }
 
+void RandomProject::WriteEscapedJavaHelp(const ScratchFolder& folder) {
+    WriteJavaHelp(folder);
+    Write(folder, "g.prj", "[Settings]\nxml_escapes=1\n");
+}
+
 void RandomProject::WriteJavaHelp(const ScratchFolder& folder) {
     WriteTopics(folder);
     const std::string head = "<?xml version='1.0' encoding='ISO-8859-1' ?>\n";

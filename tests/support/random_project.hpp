@@ -22,6 +22,8 @@ class RandomProject {
     void WriteHtmlHelp(const ScratchFolder& folder);
     /// p/g.hs and the files that it names, and the topics.
     void WriteJavaHelp(const ScratchFolder& folder);
+    /// The same with the choice to write the texts of these files as XML.
+    void WriteEscapedJavaHelp(const ScratchFolder& folder);
 
     [[nodiscard]] static std::string TitleOfFile(std::string_view name) {
         return "File " + std::string(name);

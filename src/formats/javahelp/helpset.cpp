@@ -26,12 +26,14 @@ std::string JoinLines(std::string_view text) {
 }
 
 /// The text between two tags, which are given in upper case.
-void TakeElement(std::string_view text, std::string_view open, std::string_view close,
+void TakeElement(std::string_view text, std::string_view open, std::string_view close, XmlForm form,
                  std::string& value) {
     const std::size_t begin = FindIgnoringAsciiCase(text, open);
     if (begin == npos) return;
     const std::size_t end = FindIgnoringAsciiCase(text, close, begin);
-    if (end != npos) value = text.substr(begin + open.size(), end - begin - open.size());
+    if (end == npos) return;
+    const std::string_view content = text.substr(begin + open.size(), end - begin - open.size());
+    value = TextFromXml(content, form);
 }
 
 /// The places of one word, asked for at rising positions: the text is searched once.
@@ -65,8 +67,9 @@ void TakeViews(std::string_view text, ProjectState& project) {
         const std::size_t value_end = data_end.From(value);
         if (value_end >= end) continue;
         // Six characters: the element is taken to have no attributes.
-        const std::string_view file =
-            text.substr(value + 6, value_end < value + 6 ? 0 : value_end - value - 6);
+        const std::string file =
+            TextFromXml(text.substr(value + 6, value_end < value + 6 ? 0 : value_end - value - 6),
+                        project.xml_form);
         if (toc.From(begin) < end) project.hhcfile = file;
         if (index.From(begin) < end) project.hhkfile = file;
         if (search.From(begin) < end) project.javahelp_do_fts = true;
@@ -85,8 +88,8 @@ void AppendView(std::string& text, std::string_view name, std::string_view label
     AppendLine(text, {});
 }
 
-std::string DataOfFile(std::string_view file, std::string_view proj) {
-    return "<data>" + AddressOf(file, proj) + "</data>";
+std::string DataOfFile(std::string_view file, const ProjectState& project) {
+    return "<data>" + XmlContent(AddressOf(file, project.proj), project.xml_form) + "</data>";
 }
 
 }  // namespace
@@ -94,11 +97,12 @@ std::string DataOfFile(std::string_view file, std::string_view proj) {
 void ReadHelpSet(std::string_view text, ProjectState& project) {
     project.javahelp_do_fts = false;
     const std::string joined = JoinLines(text);
-    TakeElement(joined, "<TITLE>", "</TITLE>", project.project_title);
-    TakeElement(joined, "<HOMEID>", "</HOMEID>", project.project_def_topic);
+    const XmlForm form = project.xml_form;
+    TakeElement(joined, "<TITLE>", "</TITLE>", form, project.project_title);
+    TakeElement(joined, "<HOMEID>", "</HOMEID>", form, project.project_def_topic);
     if (const std::size_t map = FindIgnoringAsciiCase(joined, "<MAPREF"); map != npos) {
-        project.java_map_file =
-            MakeFullPath(XmlAttribute(joined, map, "LOCATION"), project.proj_path);
+        project.java_map_file = MakeFullPath(
+            TextFromXml(XmlAttribute(joined, map, "LOCATION"), form), project.proj_path);
     }
     TakeViews(joined, project);
     project.hhcfile = MakeFullPath(project.hhcfile, project.proj_path);
@@ -106,24 +110,25 @@ void ReadHelpSet(std::string_view text, ProjectState& project) {
 }
 
 std::string WriteHelpSet(const ProjectState& project, bool has_contents, bool has_keywords) {
+    const XmlForm form = project.xml_form;
     std::string text = JavaHelpHead("helpset", "HelpSet");
     AppendLine(text, {"<!-- title -->"});
-    AppendLine(text, {"<title>", project.project_title, "</title>"});
+    AppendLine(text, {"<title>", XmlContent(project.project_title, form), "</title>"});
     AppendLine(text, {});
     AppendLine(text, {"<!-- maps -->"});
     AppendLine(text, {"<maps>"});
-    AppendLine(text, {"    <homeID>", project.project_def_topic, "</homeID>"});
-    AppendLine(
-        text, {"    <mapref location=\"", AddressOf(project.java_map_file, project.proj), "\" />"});
+    AppendLine(text, {"    <homeID>", XmlContent(project.project_def_topic, form), "</homeID>"});
+    AppendLine(text, {"    <mapref location=\"",
+                      XmlValue(AddressOf(project.java_map_file, project.proj), form), "\" />"});
     AppendLine(text, {"</maps>"});
     AppendLine(text, {});
     AppendLine(text, {"<!-- views -->"});
     if (has_contents) {
         AppendView(text, "TOC", "Table Of Contents", "TOCView",
-                   DataOfFile(project.hhcfile, project.proj));
+                   DataOfFile(project.hhcfile, project));
     }
     if (has_keywords) {
-        AppendView(text, "Index", "Index", "IndexView", DataOfFile(project.hhkfile, project.proj));
+        AppendView(text, "Index", "Index", "IndexView", DataOfFile(project.hhkfile, project));
     }
     if (project.javahelp_do_fts) {
         AppendView(text, "Search", "Search", "SearchView",

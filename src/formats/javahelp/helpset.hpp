@@ -16,7 +16,7 @@ void ReadHelpSet(std::string_view text, ProjectState& project);
 
 /// The text of the file, all of it: what a HelpSet read from elsewhere had beside is not kept.
 /// There is a view for each of contents and index that has entries, and for the search if
-/// javahelp_do_fts. Nothing is escaped.
+/// javahelp_do_fts. As typed nothing is escaped.
 [[nodiscard]] std::string WriteHelpSet(const ProjectState& project, bool has_contents,
                                        bool has_keywords);
 

@@ -16,15 +16,17 @@ namespace {
 constexpr std::string_view kRepeatMark = "<!-- QR IMULT";
 constexpr std::string_view kRepeatComment = " <!-- QR IMULT -->";
 
-std::string UndoEscapes(std::string_view text) {
+std::string KeywordFromXml(std::string_view text, XmlForm form) {
+    if (form == XmlForm::kEscaped) return TextFromXml(text, form);
     return ReplaceAll(ReplaceAll(ReplaceAll(text, "&lt;", "<"), "&gt;", ">"), "%22", "\"");
 }
 
 class IndexReader {
   public:
-    IndexReader(KeywordState& keywords, TopicTables& tables, const Trap& trap)
+    IndexReader(KeywordState& keywords, TopicTables& tables, const Trap& trap, XmlForm form)
         : table_(keywords.ListKeywords),
           tables_(tables),
+          form_(form),
           trap_(trap),
           budget_(trap),
           cells_(budget_) {}
@@ -39,9 +41,9 @@ class IndexReader {
     void TakeItem(std::string_view line) {
         const bool repeats = Contains(line, kRepeatMark);
         // A repeat stands for its row, under whatever number: also as the head of a group.
-        if (!repeats || row_ == nullptr) text_ = UndoEscapes(ItemText(line));
+        if (!repeats || row_ == nullptr) text_ = KeywordFromXml(ItemText(line), form_);
         if (next_level_ > level_) parent_ = text_;
-        if (repeats || AddRow()) AddTarget(XmlAttribute(line, 0, "TARGET"));
+        if (repeats || AddRow()) AddTarget(TextFromXml(XmlAttribute(line, 0, "TARGET"), form_));
     }
 
     /// False where there is no room for the row.
@@ -78,6 +80,7 @@ class IndexReader {
 
     ListView& table_;
     TopicTables& tables_;
+    XmlForm form_;
     const Trap& trap_;
     TextBudget budget_;
     KeywordCells cells_;
@@ -103,12 +106,12 @@ void CheckSize(std::size_t bytes, std::size_t largest) {
 
 class IndexWriter {
   public:
-    IndexWriter(const TopicTables& tables, std::size_t largest)
-        : tables_(tables), largest_(largest) {}
+    IndexWriter(const TopicTables& tables, XmlForm form, std::size_t largest)
+        : tables_(tables), form_(form), largest_(largest) {}
 
     void WriteItem(const ListRow& row, bool has_children, int level) {
         const std::string start =
-            ItemIndent(level) + "<indexitem text=\"" + EscapedItemText(row.Text());
+            ItemIndent(level) + "<indexitem text=\"" + EscapedItemText(row.Text(), form_);
         const std::string targets = JavaIndexTargets(row, tables_, largest_);
         if (targets.empty()) AppendLine(text_, {start, "\"", has_children ? ">" : "/>"});
         std::string_view rest = targets;
@@ -120,8 +123,8 @@ class IndexWriter {
             // Only the last line opens the group, though it is a repeat.
             const bool opens = has_children && rest.empty();
             const std::string repeat = number == 1 ? "" : " (" + std::to_string(number) + ")";
-            AppendLine(text_, {start, repeat, "\"", ItemAttribute("target", id), opens ? ">" : "/>",
-                               number == 1 ? "" : kRepeatComment});
+            AppendLine(text_, {start, repeat, "\"", ItemAttribute("target", id, form_),
+                               opens ? ">" : "/>", number == 1 ? "" : kRepeatComment});
         }
     }
     void CloseGroup() { AppendLine(text_, {"</indexitem>"}); }
@@ -132,6 +135,7 @@ class IndexWriter {
 
   private:
     const TopicTables& tables_;
+    XmlForm form_;
     std::size_t largest_;
     std::string text_ = JavaHelpHead("index", "Index");
 };
@@ -139,8 +143,8 @@ class IndexWriter {
 }  // namespace
 
 void ReadIndexXml(std::string_view text, KeywordState& keywords, TopicTables& tables,
-                  const Trap& trap) {
-    IndexReader reader(keywords, tables, trap);
+                  const Trap& trap, XmlForm form) {
+    IndexReader reader(keywords, tables, trap, form);
     TextLines lines(text);
     while (!lines.AtEnd()) reader.TakeLine(lines.ReadLine());
 }
@@ -167,9 +171,9 @@ std::string JavaIndexTargets(const ListRow& keyword, const TopicTables& tables,
     return ids;
 }
 
-std::string WriteIndexXml(const ListView& ListKeywords, const TopicTables& tables,
+std::string WriteIndexXml(const ListView& ListKeywords, const TopicTables& tables, XmlForm form,
                           std::size_t largest) {
-    IndexWriter writer(tables, largest);
+    IndexWriter writer(tables, form, largest);
     const int count = ListKeywords.Count();
     const auto key = [&](int i) -> const std::string& {
         return ListKeywords.At(i).SubItems(keyword_cell::IDX_FULLKEY);
@@ -201,7 +205,7 @@ void JavaReadIndex(MainForm& main) {
     if (!main.files.FileExists(main.project.hhkfile)) return;
     std::string text;
     if (trap([&] { text = main.texts.ReadXml(main.project.hhkfile); })) {
-        ReadIndexXml(text, main.keywords, main.topics, trap);
+        ReadIndexXml(text, main.keywords, main.topics, trap, main.project.xml_form);
     }
     main.window.StatusBar1.SetPanel(1, "");
 }
@@ -212,7 +216,10 @@ void JavaWriteIndex(MainForm& main) {
     std::string& file = main.project.hhkfile;
     if (file.empty()) file = std::string(BaseName(main.project.proj)) + "Index.xml";
     std::string text;
-    if (!trap([&] { text = WriteIndexXml(main.keywords.ListKeywords, main.topics); })) return;
+    const bool composed = trap([&] {
+        text = WriteIndexXml(main.keywords.ListKeywords, main.topics, main.project.xml_form);
+    });
+    if (!composed) return;
     // What could not be written is written by the next save.
     main.keywords.index_dirty = !main.texts.WriteXmlAndSwap(file, text, Backup::kKept, trap);
 }

@@ -17,7 +17,7 @@ struct MainForm;
 /// lead to. A line with the program's repeat mark adds its target to the row before, and a group
 /// that it opens is that row's.
 void ReadIndexXml(std::string_view text, KeywordState& keywords, TopicTables& tables,
-                  const Trap& trap);
+                  const Trap& trap, XmlForm form = XmlForm::kAsTyped);
 
 /// A keyword's text stands again before each of its targets, a map id wherever it is one, so a file
 /// made for it could fill the memory. Beyond this many bytes the two below raise 7.
@@ -32,6 +32,7 @@ inline constexpr std::size_t kLargestIndex = std::size_t{512} << 20;
 /// its own with the number behind the text and the repeat mark. A group is closed only by a row
 /// behind it: a last row that is a sub-entry leaves its group open.
 [[nodiscard]] std::string WriteIndexXml(const ListView& ListKeywords, const TopicTables& tables,
+                                        XmlForm form = XmlForm::kAsTyped,
                                         std::size_t largest = kLargestIndex);
 
 /// Fills ListKeywords from hhkfile, if there is such a file.

@@ -18,7 +18,7 @@ bool IsImage(const ListRow& alias) {
 
 class MapWriter {
   public:
-    explicit MapWriter(std::string_view file) : file_(file) {
+    MapWriter(std::string_view file, XmlForm form) : file_(file), form_(form) {
         // A second empty line, which the other files do not have.
         AppendLine(text_, {});
     }
@@ -30,7 +30,8 @@ class MapWriter {
     void Entry(const ListRow& row, int path_cell, const std::string& map_id) {
         const std::string url = AddressOf(row.SubItems(path_cell), file_);
         if (map_id.empty() && url.empty()) return;
-        AppendLine(text_, {"   <mapID target=\"", map_id, "\" url=\"", url, "\"/>"});
+        AppendLine(text_, {"   <mapID target=\"", XmlValue(map_id, form_), "\" url=\"",
+                           XmlValue(url, form_), "\"/>"});
     }
     void Aliases(const ListView& ListAliases, bool images) {
         for (int i = 1; i <= ListAliases.Count(); ++i) {
@@ -53,6 +54,7 @@ class MapWriter {
 
   private:
     std::string_view file_;
+    XmlForm form_;
     std::string text_ = JavaHelpHead("map", "Map");
 };
 
@@ -81,14 +83,15 @@ std::string PathOf(const MainForm& main, const std::string& address) {
 
 void ReadMap(std::string_view text, std::string_view proj_path, ListView& ListTopics,
              ListView& ListAliases, const PathOfAddress& path_of_address,
-             const TitleOfTopic& title_of_topic) {
+             const TitleOfTopic& title_of_topic, XmlForm form) {
     TextLines lines(text);
     while (!lines.AtEnd()) {
         const std::string_view line = lines.ReadLine();
         const std::size_t place = FindIgnoringAsciiCase(line, "<MAPID");
         if (place == npos) continue;
-        const std::string address = path_of_address(XmlAttribute(line, place, "URL"));
-        const std::string attribute = XmlAttribute(line, place, "TARGET");
+        const std::string address =
+            path_of_address(TextFromXml(XmlAttribute(line, place, "URL"), form));
+        const std::string attribute = TextFromXml(XmlAttribute(line, place, "TARGET"), form);
         const std::string_view url = Trim(address);
         const std::string_view target = Trim(attribute);
         // Any ending that begins like that of an HTML file counts as one.
@@ -108,8 +111,8 @@ void ReadMap(std::string_view text, std::string_view proj_path, ListView& ListTo
     }
 }
 
-std::string WriteMap(const TopicTables& tables, std::string_view file) {
-    MapWriter writer(file);
+std::string WriteMap(const TopicTables& tables, std::string_view file, XmlForm form) {
+    MapWriter writer(file, form);
     writer.Heading("Images");
     writer.Aliases(tables.ListAliases, true);
     writer.Heading("Topics");
@@ -133,15 +136,16 @@ void ReadJavaMapFile(MainForm& main) {
         return ReadTopicTitle(main.files, path, main.texts.CodePageNumber(), TitlePieces::kTrimmed);
     };
     ReadMap(text, main.project.proj_path, main.topics.ListTopics, main.topics.ListAliases,
-            path_of_address, title_of_topic);
+            path_of_address, title_of_topic, main.project.xml_form);
 }
 
 void JavaWriteMapFile(MainForm& main) {
     const Trap trap(main.log, "MainForm JavaWriteMapFile: ");
     std::string& file = main.project.java_map_file;
     if (file.empty()) file = std::string(BaseName(main.project.proj)) + ".jhm";
-    main.texts.WriteXmlAndSwap(file, WriteMap(main.topics, PlaceOfMap(main.project)), Backup::kKept,
-                               trap);
+    main.texts.WriteXmlAndSwap(
+        file, WriteMap(main.topics, PlaceOfMap(main.project), main.project.xml_form), Backup::kKept,
+        trap);
 }
 
 }  // namespace quorrel

@@ -23,13 +23,14 @@ using PathOfAddress = std::function<std::string(const std::string& address)>;
 /// everything else: images and places within topics. Each element stands on one line.
 void ReadMap(std::string_view text, std::string_view proj_path, ListView& ListTopics,
              ListView& ListAliases, const PathOfAddress& path_of_address,
-             const TitleOfTopic& title_of_topic);
+             const TitleOfTopic& title_of_topic, XmlForm form = XmlForm::kAsTyped);
 
 /// The text of the file: images, topics, then everything else, each in the order of its table.
-/// Addresses are relative to `file`, the map itself, as viewers take them. Nothing is escaped, and
-/// titles are not kept. An image is what has ".gif" or ".jpg" anywhere in its path, also a place in
-/// a topic. A row without a map id and an address is left out.
-[[nodiscard]] std::string WriteMap(const TopicTables& tables, std::string_view file);
+/// Addresses are relative to `file`, the map itself, as viewers take them. As typed nothing is
+/// escaped. Titles are not kept. An image is what has ".gif" or ".jpg" anywhere in its path, also a
+/// place in a topic. A row without a map id and an address is left out.
+[[nodiscard]] std::string WriteMap(const TopicTables& tables, std::string_view file,
+                                   XmlForm form = XmlForm::kAsTyped);
 
 /// Reads java_map_file; the tables are not cleared.
 void ReadJavaMapFile(MainForm& main);

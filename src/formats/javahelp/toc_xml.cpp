@@ -21,22 +21,23 @@ std::string LocationOfTarget(const TopicTables& tables, std::string_view target)
     return alias == nullptr ? std::string() : alias->SubItems(alias_cell::kPath);
 }
 
-void WriteNode(std::string& text, const TreeNode& node, int level) {
+void WriteNode(std::string& text, const TreeNode& node, int level, XmlForm form) {
     const std::string indent = ItemIndent(level);
     const NodeData data = UnpackNodeData(node.Tag);
     const bool is_book = node.Children() > 0;
-    AppendLine(text, {indent, "<tocitem text=\"", EscapedItemText(node.Text), "\"",
-                      ItemAttribute("image", data.extra), ItemAttribute("target", data.target),
-                      is_book ? ">" : "/>"});
+    AppendLine(text, {indent, "<tocitem text=\"", EscapedItemText(node.Text, form), "\"",
+                      ItemAttribute("image", data.extra, form),
+                      ItemAttribute("target", data.target, form), is_book ? ">" : "/>"});
     if (!is_book) return;
-    for (int row = 0; row < node.Children(); ++row) WriteNode(text, *node.ChildAt(row), level + 1);
+    for (int row = 0; row < node.Children(); ++row)
+        WriteNode(text, *node.ChildAt(row), level + 1, form);
     AppendLine(text, {indent, "</tocitem>"});
 }
 
 }  // namespace
 
-void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree,
-                const Trap& trap) {
+void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree, const Trap& trap,
+                XmlForm form) {
     ParentNumbers parents;
     TextBudget budget(trap);
     int level = 1;
@@ -48,12 +49,13 @@ void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree
         next_level += LevelChange(line, "TOCITEM");
         trap([&] { parents.At(level) = count; });
         if (ContainsIgnoringAsciiCase(line, "<TOCITEM")) {
-            const std::string target = XmlAttribute(line, 0, "TARGET");
-            const std::string image = XmlAttribute(line, 0, "IMAGE");
+            const std::string target = TextFromXml(XmlAttribute(line, 0, "TARGET"), form);
+            const std::string image = TextFromXml(XmlAttribute(line, 0, "IMAGE"), form);
             trap([&] {
                 TreeNode* parent = level == 1 ? nullptr : &tree.At(parents.At(level - 1));
-                TreeNode& node = tree.Add(parent, NodeRelation::kChild, ItemText(line),
-                                          node_image::kPage, node_image::kPage);
+                TreeNode& node =
+                    tree.Add(parent, NodeRelation::kChild, TextFromXml(ItemText(line), form),
+                             node_image::kPage, node_image::kPage);
                 if (parent != nullptr)
                     parent->Image = parent->SelectedImage = node_image::kClosedBook;
                 const std::string location = LocationOfTarget(tables, target);
@@ -66,9 +68,9 @@ void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree
     }
 }
 
-std::string WriteTocXml(const TreeView& tree) {
+std::string WriteTocXml(const TreeView& tree, XmlForm form) {
     std::string text = JavaHelpHead("toc", "TOC");
-    for (const TreeNode* root : tree.Roots()) WriteNode(text, *root, 1);
+    for (const TreeNode* root : tree.Roots()) WriteNode(text, *root, 1, form);
     AppendLine(text, {"</toc>"});
     return text;
 }
@@ -80,7 +82,7 @@ void JavaReadTOC(MainForm& main) {
     if (!main.files.FileExists(main.project.hhcfile)) return;
     std::string text;
     if (!trap([&] { text = main.texts.ReadXml(main.project.hhcfile); })) return;
-    ReadTocXml(text, main.topics, main.contents.Tree1, trap);
+    ReadTocXml(text, main.topics, main.contents.Tree1, trap, main.project.xml_form);
 }
 
 void JavaWriteTOC(MainForm& main) {
@@ -89,7 +91,7 @@ void JavaWriteTOC(MainForm& main) {
     std::string& file = main.project.hhcfile;
     if (file.empty()) file = std::string(BaseName(main.project.proj)) + "TOC.xml";
     const bool replaces = main.files.FileExists(file);
-    const std::string text = WriteTocXml(main.contents.Tree1);
+    const std::string text = WriteTocXml(main.contents.Tree1, main.project.xml_form);
     // What could not be written is written by the next save.
     main.contents.toc_dirty = !main.texts.WriteXmlAndSwap(file, text, Backup::kNone, trap);
     if (main.contents.toc_dirty || !replaces) return;

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 
+#include "platform/code_page.hpp"
+#include "platform/plain_surface/html_entities.hpp"
 #include "platform/text.hpp"
+#include "platform/unicode.hpp"
 #include "project/paths.hpp"
 
 namespace quorrel {
@@ -95,6 +98,36 @@ std::string ItemText(std::string_view line) {
     return text.empty() ? "Untitled" : text;
 }
 
+std::string TextFromXml(std::string_view text, XmlForm form) {
+    if (form == XmlForm::kAsTyped) return std::string(text);
+    std::string result;
+    for (std::size_t at = text.find('&'); at != npos; at = text.find('&')) {
+        result += text.substr(0, at);
+        const std::optional<HtmlEntity> entity = EntityAt(text, at);
+        const bool is_reference =
+            entity && text[entity->end - 1] == ';' && !IsLoneByte(entity->code);
+        if (is_reference) {
+            AppendUtf8(result, entity->code);
+        } else {
+            result += '&';
+        }
+        text.remove_prefix(is_reference ? entity->end : at + 1);
+    }
+    return result.append(text);
+}
+
+std::string XmlContent(std::string_view text, XmlForm form) {
+    if (form == XmlForm::kAsTyped) return std::string(text);
+    const std::string brackets = ReplaceAll(ReplaceAll(text, "&", "&#38;"), "<", "&#60;");
+    return ReplaceAll(brackets, ">", "&#62;");
+}
+
+std::string XmlValue(std::string_view text, XmlForm form) {
+    if (form == XmlForm::kAsTyped) return std::string(text);
+    const std::string brackets = ReplaceAll(ReplaceAll(text, "&", "&amp;"), "<", "&lt;");
+    return ReplaceAll(ReplaceAll(brackets, ">", "&gt;"), "\"", "&quot;");
+}
+
 void AppendLine(std::string& text, std::initializer_list<std::string_view> parts) {
     for (const std::string_view part : parts) text += part;
     text += kLineEnd;
@@ -116,7 +149,8 @@ std::string ItemIndent(int level) {
     return std::string(static_cast<std::size_t>(level) * 5, ' ');
 }
 
-std::string EscapedItemText(std::string_view text) {
+std::string EscapedItemText(std::string_view text, XmlForm form) {
+    if (form == XmlForm::kEscaped) return XmlValue(TrimLeft(text), form);
     const std::string brackets = ReplaceAll(ReplaceAll(TrimLeft(text), "<", "&lt;"), ">", "&gt;");
     return ReplaceAll(brackets, "\"", "%22");
 }
@@ -125,9 +159,9 @@ std::string AddressOf(std::string_view path, std::string_view base) {
     return ReplaceAll(RelativeLocation(path, base), "\\", "/");
 }
 
-std::string ItemAttribute(std::string_view name, std::string_view value) {
+std::string ItemAttribute(std::string_view name, std::string_view value, XmlForm form) {
     if (value.empty()) return {};
-    return std::string(" ").append(name).append("=\"").append(value).append("\"");
+    return std::string(" ").append(name).append("=\"").append(XmlValue(value, form)).append("\"");
 }
 
 }  // namespace quorrel

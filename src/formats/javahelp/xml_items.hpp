@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "project/project_state.hpp"
+
 namespace quorrel {
 
 /// By how much a line changes the level of the lines behind it: an opening item up, a closing
@@ -23,6 +25,13 @@ namespace quorrel {
 /// next "<"; without that "Untitled".
 [[nodiscard]] std::string ItemText(std::string_view line);
 
+/// The text that stands in a file as `text`.
+[[nodiscard]] std::string TextFromXml(std::string_view text, XmlForm form);
+/// A text as it goes between two tags, or as the value of an attribute. The reader of JavaHelp
+/// takes named references apart twice between tags and numbered ones in attributes not everywhere.
+[[nodiscard]] std::string XmlContent(std::string_view text, XmlForm form);
+[[nodiscard]] std::string XmlValue(std::string_view text, XmlForm form);
+
 /// Appends `parts` and a line end.
 void AppendLine(std::string& text, std::initializer_list<std::string_view> parts);
 
@@ -33,16 +42,17 @@ void AppendLine(std::string& text, std::initializer_list<std::string_view> parts
 /// Five blanks a level.
 [[nodiscard]] std::string ItemIndent(int level);
 
-/// A caption or keyword as it goes into the "text" attribute: without blanks at the left, angle
-/// brackets and double quotes escaped. "&" stays as it is, so the file is not always well-formed
-/// XML; a quote becomes "%22", which viewers show as that.
-[[nodiscard]] std::string EscapedItemText(std::string_view text);
+/// A caption or keyword as it goes into the "text" attribute, without blanks at the left. As typed
+/// only angle brackets and double quotes are escaped. "&" stays as it is then, so the file is not
+/// always well-formed XML; a quote becomes "%22", which viewers show as that.
+[[nodiscard]] std::string EscapedItemText(std::string_view text, XmlForm form);
 
 /// The address of a file in one that lies at `base`: its relative path, with slashes. What is an
 /// address already stays.
 [[nodiscard]] std::string AddressOf(std::string_view path, std::string_view base);
 
-/// A blank and the attribute, its value as it stands; nothing for an empty value.
-[[nodiscard]] std::string ItemAttribute(std::string_view name, std::string_view value);
+/// A blank and the attribute; nothing for an empty value.
+[[nodiscard]] std::string ItemAttribute(std::string_view name, std::string_view value,
+                                        XmlForm form);
 
 }  // namespace quorrel
