@@ -2,7 +2,8 @@
 // tables too, with nothing found.
 #include <gtest/gtest.h>
 
-#include "formats/htmlhelp/hhp.hpp"
+#include "formats/htmlhelp/hhc.hpp"
+#include "formats/htmlhelp/hhk.hpp"
 #include "formats/htmlhelp/hhp_left_behind.hpp"
 #include "formats/htmlhelp/map_files.hpp"
 #include "platform/text.hpp"
@@ -98,6 +99,110 @@ TEST_F(LeftBehindInFiles, OfAHeader) {
         for (int i = 1; i <= 2; ++i) topics.At(i).SetSubItem(topic_cell::kInteger, "");
         EXPECT_EQ(Listed(ReadMapHeader(it.text, topics, next_integer)), it.found) << it.text;
     }
+}
+
+class LeftBehindInSitemaps : public LeftBehindInFiles {
+  protected:
+    /// "N" and then its location, on lines of their own.
+    static std::string Entry(std::string_view name, std::string_view more = {}) {
+        return "<LI> <OBJECT type=\"text/sitemap\">\n<param name=\"Name\" value=\"" +
+               std::string(name) + "\">\n" + std::string(more) + "</OBJECT>\n";
+    }
+    std::string InContents(std::string_view text) {
+        TreeView tree;
+        ListView aliases{2};
+        std::string properties;
+        return Listed(
+            ReadContents(text, {"C:\\p\\g.hhc", false, topics, aliases, trap}, tree, properties));
+    }
+    std::string InIndex(std::string_view text) {
+        KeywordState keywords;
+        return Listed(ReadKeywords(text, "C:\\p", keywords, topics, trap));
+    }
+
+    ErrorLog log{[](std::string_view) {}};
+    Trap trap{log, "test: "};
+};
+
+TEST_F(LeftBehindInSitemaps, WhatIsHarmlessIsNotTold) {
+    const std::string head =
+        "<!DOCTYPE HTML PUBLIC \"-//IETF//DTD HTML//EN\">\n<HTML>\n<HEAD>\n"
+        "<meta name=\"GENERATOR\" content=\"Some program 4.1\">\n<!-- Sitemap 1.0 -->\n"
+        "</HEAD><BODY>\n<OBJECT type=\"text/site properties\">\n\t<param name=\"a\" "
+        "value=\"b\">\n</OBJECT>\n<ul>\n\n";
+    const std::string tail = "</UL>\n</BODY></HTML>";
+    EXPECT_EQ(
+        InContents(head + Entry("a", "<PARAM NAME='x'\tvalue=\"1\"><param name=y value=2>\n") +
+                   "<UL>\n\t<LI><object type='text/sitemap'>\n<param value=\"b <\" "
+                   "name=name>\n<param name=\"Local\" value=\"\">\n</object></LI>\n</UL>\n" +
+                   Entry("c", "<param name=New value=0>\n") + tail),
+        "");
+    EXPECT_EQ(
+        InIndex(head + Entry("a", "<param name=Name value=t>\n<param name=Local value=a.htm>\n") +
+                "<UL>\n" + Entry("b", "<param name=\"See Also\" value=\"a\">\n") + "</UL>\n" +
+                Entry("c") + tail),
+        "");
+    // What says nothing has nothing to lose, and an object may be left out.
+    EXPECT_EQ(InContents("<LI><OBJECT type=\"text/sitemap\"></OBJECT>\n<LI>\n<param name=Name "
+                         "value=a>\n</OBJECT>\n"),
+              "");
+}
+
+TEST_F(LeftBehindInSitemaps, WhatBothFilesLose) {
+    const Case cases[] = {
+        {"<LI><OBJECT type=\"text/sitemap\"><param name=\"Name\" value=\"a\"></OBJECT>\n",
+         "entries not read whole (1 of 2)"},
+        {"<OBJECT type=\"text/sitemap\">\n<param name=\"Name\" value=\"a\">\n</OBJECT>\n",
+         "entries not read whole (1 of 2)"},
+        {"<LI><OBJECT type=\"text/sitemap\">\n<param name=\"Name\"\nvalue=\"a\">\n</OBJECT>\n",
+         "entries not read whole (1 of 2)"},
+        {"<LI><OBJECT type=\"text/sitemap\">\n<param name=\"Name\" value=\"a > b\">\n</OBJECT>\n",
+         "entries not read whole (1 of 2)"},
+        {"<LI><OBJECT type=\"text/sitemap\">\n<param name=\"Name\" value=\"a\">\n",
+         "entries not read whole (1 of 2)"},
+        {"<LI><OBJECT type=\"text/sitemap\">\n<param name=\"Name\" value=\"a\">\n</OBJECT >\n",
+         "entries not read whole (1 of 2)"},
+        {"<LI><OBJECT type=\"text/sitemap\">\n<param name=ID value=1>\n<param name=Name "
+         "value=a>\n</OBJECT>\n",
+         "entries not read whole (1 of 2)"},
+        {"<LI><OBJECT type=\"text/sitemap\">\n<param name=Merge value=\"x.hhc\">\n</OBJECT>\n",
+         "entries not read whole (1 of 2)"},
+        {"<!--\n<LI><OBJECT type=\"text/sitemap\">\n<param name=Name value=a>\n</OBJECT>\n-->\n",
+         "commented-out entries that come alive (1), comments and other texts (1)"},
+        {"<!-- note\n two -->\n<A href=x>text</A>\n", "comments and other texts (4)"},
+        {"<UL>\n<UL>\n</UL></UL>\n<LI><OBJECT>\n<param name=Name value=a>\n</OBJECT>\n",
+         "entries that come at another level (1 of 2)"}};
+    for (const Case& it : cases) {
+        for (const bool is_first : {true, false}) {
+            const std::string more = is_first ? "" : Entry("z");
+            const std::string text = (is_first ? Entry("z") : "") + std::string(it.text) + more;
+            if (!is_first && it.text.starts_with("<UL>")) continue;
+            EXPECT_EQ(InContents(text), it.found) << text;
+            EXPECT_EQ(InIndex(text), it.found) << text;
+        }
+    }
+}
+
+TEST_F(LeftBehindInSitemaps, WhatOneOfThemLoses) {
+    const auto local = [](std::string_view path) {
+        return "<param name=\"Local\" value=\"" + std::string(path) + "\">\n";
+    };
+    EXPECT_EQ(InContents(Entry("a", local("a.htm") + "<param name=Name value=b>\n")),
+              "entries not read whole (1 of 1)");
+    EXPECT_EQ(InContents(Entry("a", "<param name=FrameName value=\"f,g\">\n") +
+                         Entry("b", "<param name=New value=1>\n<param name=New value=2>\n") +
+                         Entry("c", local("a.htm") + local("b.htm"))),
+              "entries not read whole (2 of 3)");
+    const std::string title = "<param name=Name value=t>\n";
+    EXPECT_EQ(InIndex(Entry("a", "<param name=Comment value=x>\n") + Entry("b", title + title) +
+                      Entry("c", title) + Entry("d", title + local("a.htm") + local("b.htm")) +
+                      Entry("e", title + local("a.htm") + "<param name=\"See Also\" value=a>\n")),
+              "entries not read whole (4 of 5)");
+    std::string deep;
+    for (int i = 0; i < 4; ++i) deep += Entry("x") + "<UL>\n";
+    EXPECT_EQ(InIndex(deep), "entries below level 2 (2 of 4)");
+    EXPECT_EQ(InContents(deep), "");
+    EXPECT_EQ(InIndex(Entry("  a")), "entries that come at another level (1 of 1)");
 }
 
 }  // namespace

@@ -187,7 +187,7 @@ TEST_F(OpenProject, DamagedFilesAreReadAsFarAsTheyGo) {
     const std::string nul(1, '\0');
     struct Case {
         std::string text;
-        const char* warning;  // null for none
+        const char* warning;
     };
     const Case cases[] = {
         {"[FILES]\r#include\r" + ten_megabytes + "\r;Title=" + ten_megabytes, "entries of [FILES]"},
@@ -195,14 +195,15 @@ TEST_F(OpenProject, DamagedFilesAreReadAsFarAsTheyGo) {
              ".htm\n[ALIAS]\n#include guide.hhp\n[MAP]\n#include guide.hhp",
          "options (1 of 1)"},
         {"\xEF\xBB\xBF[OPTIONS]\nTitle=\xC3\xA9\n", "options (1 of 1)"},
-        {"\xFF\xFE[" + nul, nullptr},
-        {std::string(200000, '[') + "\n" + std::string(200000, '='), nullptr}};
+        {"\xFF\xFE[" + nul, "guide.hhc: comments and other texts"},
+        {std::string(200000, '[') + "\n" + std::string(200000, '='),
+         "guide.hhc: comments and other texts"}};
     for (const auto& [text, warning] : cases) {
         folder.Write("p/guide.hhp", text);
         folder.Write("p/guide.hhc", text);
         folder.Write("p/guide.hhk",
                      "<LI>\r<param name=name value=\"" + ten_megabytes + "\">\r" + text);
-        if (warning != nullptr) screen.ExpectMessageWith(warning);
+        screen.ExpectMessageWith(warning);
         Open(kProject);
         EXPECT_TRUE(main.project.proj_success);
     }

@@ -4,6 +4,7 @@
 #include "contents/node_data.hpp"
 #include "contents/parent_numbers.hpp"
 #include "formats/htmlhelp/sitemap.hpp"
+#include "formats/htmlhelp/sitemap_tally.hpp"
 #include "platform/text.hpp"
 #include "platform/text_budget.hpp"
 #include "platform/unicode.hpp"
@@ -11,6 +12,8 @@
 
 namespace quorrel {
 namespace {
+
+constexpr int kLevels = 31;  // those below are not placed
 
 /// The state of the scan over one file.
 class ContentsReader {
@@ -24,19 +27,17 @@ class ContentsReader {
             if (tags.list_end) --level_;
         }
         source_.trap([&] { parents_.At(level_) = node_count_; });
-        const int nodes_before = tree_.Count();
-        const bool is_read = in_entry_;
-        if (in_entry_) TakeParam(line);
-        if (tags.any) tally_.TakeLine(line, is_read, tree_.Count() > nodes_before);
+        tally_.TakeLine(line, in_entry_ ? TakeParam(line) : SitemapTaken{});
         if (tags.object_end) {
             if (have_node_) FinishNode();
             in_entry_ = false;
         }
         // Last, so that params on the line of "<LI" are not read.
         if (tags.entry_start) in_entry_ = true;
+        if (tags.entry_start || tags.object_end) has_name_ = false;
     }
 
-    [[nodiscard]] const SitemapTally& Tally() const { return tally_; }
+    [[nodiscard]] SitemapTally& Tally() { return tally_; }
 
   private:
     /// The fields of the entry at hand.
@@ -46,23 +47,37 @@ class ContentsReader {
         bool local_seen = false;
     };
 
-    void TakeParam(std::string_view line) {
-        const SitemapParam param = ReadSitemapParam(line);
-        if (param.name.empty() || param.value.empty()) return;
-        const std::string name = UpperAscii(param.name);
-        bool handled = false;
+    using Fate = SitemapTaken::Fate;
+
+    SitemapTaken TakeParam(std::string_view line) {
+        SitemapTaken taken{.param = ReadSitemapParam(line)};
+        const std::string& value = taken.param.value;
+        if (taken.param.name.empty() || value.empty()) return taken;
+        const std::string name = UpperAscii(taken.param.name);
         if (name == "NAME") {
-            AddNode(param.value);
-            handled = true;
-        }
-        if (have_node_) handled = TakeField(name, param.value) || handled;
-        const bool is_local = name == "LOCAL";
-        // Of several locations the first counts; the others are kept like unknown params.
-        const bool is_further_local = is_local && have_node_ && entry_.local_seen;
-        if ((!is_local && !handled) || is_further_local) {
+            // The node of a name before it is never finished.
+            taken.is_cut = has_name_;
+            has_name_ = true;
+            AddNode(value);
+            if (node_ == nullptr) return taken;
+            taken.level = level_;
+            taken.fate = Fate::kKept;
+        } else if (std::string* field = have_node_ ? FieldOf(name) : nullptr) {
+            // The fields are written with commas between them, and each once.
+            const bool is_kept = (field->empty() || *field == value) && !Contains(value, ",");
+            taken.fate = is_kept ? Fate::kKept : Fate::kLost;
+            *field = value;
+        } else if (name == "LOCAL" && !(have_node_ && entry_.local_seen)) {
+            if (!have_node_) return taken;
+            TakeLocation(value);
+            taken.fate = Fate::kKept;
+        } else {
+            // Of several locations the first counts; the others are kept like unknown params.
             entry_.kept_lines.append(line).append(kLineEnd);
+            // Before its name they are not the entry's.
+            if (have_node_) taken.fate = Fate::kKeptLine;
         }
-        if (is_local && have_node_ && !entry_.local_seen) TakeLocation(param.value);
+        return taken;
     }
 
     void AddNode(const std::string& text) {
@@ -80,19 +95,12 @@ class ContentsReader {
         ++node_count_;
     }
 
-    bool TakeField(std::string_view name, const std::string& value) {
-        if (name == "FRAMENAME") {
-            entry_.frame = value;
-        } else if (name == "WINDOWNAME") {
-            entry_.window = value;
-        } else if (name == "NEW") {
-            entry_.new_mark = value;
-        } else if (name == "IMAGENUMBER") {
-            entry_.image_number = value;
-        } else {
-            return false;
-        }
-        return true;
+    /// Null for a param that is no field of its own.
+    std::string* FieldOf(std::string_view name) {
+        if (name == "FRAMENAME") return &entry_.frame;
+        if (name == "WINDOWNAME") return &entry_.window;
+        if (name == "NEW") return &entry_.new_mark;
+        return name == "IMAGENUMBER" ? &entry_.image_number : nullptr;
     }
 
     void TakeLocation(std::string_view value) {
@@ -127,10 +135,11 @@ class ContentsReader {
     TreeView& tree_;
     TextBudget budget_;  // for aliases, which the tags repeat
     ParentNumbers parents_;
-    SitemapTally tally_;
+    SitemapTally tally_{kLevels};
     int level_ = 1;
     int node_count_ = 0;
     bool in_entry_ = false;
+    bool has_name_ = false;
     bool have_node_ = false;
     TreeNode* node_ = nullptr;
     Entry entry_;
@@ -225,6 +234,19 @@ std::string WriteContents(const TreeView& tree, std::string_view site_properties
 
 namespace {
 
+/// Locations are read as relative to the folder of the file and written as relative to that of the
+/// project.
+void NoteOtherFolder(MainForm& main, const std::string& file, const TreeView& tree) {
+    const std::string& proj = main.project.proj;
+    if (EqualsIgnoringCase(BeforeLast(file, '\\', {}), BeforeLast(proj, '\\', {}))) return;
+    LeftBehind locations{"locations that are relative to another folder than the project's"};
+    for (int i = 1; i <= tree.Count(); ++i) {
+        const std::string location = UnpackNodeData(tree.At(i).Tag).location;
+        if (!location.empty() && !IsAddress(location)) ++locations.count;
+    }
+    main.texts.NoteLeftBehind(file, std::move(locations));
+}
+
 void ReadTreeFile(MainForm& main, const std::string& file, std::string_view status, TreeView& tree,
                   std::string& site_properties) {
     const Trap trap(main.log, "MainForm ReadTOC: ");
@@ -236,6 +258,7 @@ void ReadTreeFile(MainForm& main, const std::string& file, std::string_view stat
     const ContentsSource source{file, main.settings.is_javahelp_edition, main.topics.ListTopics,
                                 main.topics.ListAliases, trap};
     main.texts.NoteLeftBehind(file, ReadContents(text, source, tree, site_properties));
+    NoteOtherFolder(main, file, tree);
 }
 
 /// The label is that of another routine, as the log file has always had it.

@@ -2,6 +2,7 @@
 
 #include "app/main_form.hpp"
 #include "formats/htmlhelp/sitemap.hpp"
+#include "formats/htmlhelp/sitemap_tally.hpp"
 #include "platform/text.hpp"
 #include "platform/text_budget.hpp"
 #include "project/keyword_cell.hpp"
@@ -13,6 +14,7 @@ namespace {
 
 constexpr std::string_view kSeeAlso = "SEE ALSO:";
 constexpr std::string_view kGroupEnd = ";:";
+constexpr int kLevels = 2;
 
 /// The state of the scan over one file.
 class KeywordReader {
@@ -33,38 +35,50 @@ class KeywordReader {
             }
             if (tags.list_end) --level_;
         }
-        const int entries_before = count_;
-        const bool is_read = in_entry_;
-        if (in_entry_) TakeParam(line);
-        if (tags.any) tally_.TakeLine(line, is_read, count_ > entries_before);
+        SitemapTaken taken;
+        if (in_entry_) taken = TakeParam(line);
+        taken.is_cut = tags.object_end && has_title_;
+        tally_.TakeLine(line, taken);
         if (tags.object_end) FinishEntry();
         if (tags.entry_start) first_name_ = in_entry_ = true;
     }
 
-    [[nodiscard]] const SitemapTally& Tally() const { return tally_; }
+    [[nodiscard]] SitemapTally& Tally() { return tally_; }
 
   private:
-    void TakeParam(std::string_view line) {
-        const SitemapParam param = ReadSitemapParam(line);
-        if (param.name.empty() || param.value.empty()) return;
-        const std::string name = UpperAscii(param.name);
+    SitemapTaken TakeParam(std::string_view line) {
+        SitemapTaken taken{.param = ReadSitemapParam(line)};
+        const std::string& value = taken.param.value;
+        if (taken.param.name.empty() || value.empty()) return taken;
+        const std::string name = UpperAscii(taken.param.name);
+        bool is_kept = false;
         if (first_name_) {
-            if (name == "NAME") AddKeyword(param.value);
+            is_kept = name == "NAME" && AddKeyword(value);
+            // Two blanks are what tells a sub-entry when it is written.
+            if (is_kept) taken.level = row_->Text().starts_with("  ") ? kLevels : 1;
         } else if (name == "NAME") {
-            pending_ += param.value;
+            is_kept = !has_title_ && !Contains(value, kSeeAlso) && !Contains(value, kGroupEnd);
+            has_title_ = true;
+            pending_ += value;
         } else if (name == "SEE ALSO") {
-            pending_.append(kSeeAlso).append(" ").append(param.value).append(">");
+            // Such a reference stands alone.
+            is_kept = pending_.empty();
+            pending_.append(kSeeAlso).append(" ").append(value).append(">");
         } else if (name == "LOCAL") {
-            AddTarget(param.value);
+            is_kept = !pending_.starts_with(kSeeAlso) && !Contains(value, kGroupEnd);
+            has_title_ = false;
+            AddTarget(value);
         }
+        if (is_kept) taken.fate = SitemapTaken::Fate::kKept;
+        return taken;
     }
 
-    void AddKeyword(const std::string& value) {
+    bool AddKeyword(const std::string& value) {
         std::string indent;
         std::string prefix;
         if (level_ > 1) {
             const std::size_t indent_size = static_cast<std::size_t>(level_) * 3;
-            if (!budget_.Take(indent_size + parent_.size())) return;
+            if (!budget_.Take(indent_size + parent_.size())) return false;
             indent.assign(indent_size, ' ');
             prefix.append(parent_).append(kSubKeyMark);
         }
@@ -72,9 +86,10 @@ class KeywordReader {
         last_key_ = value;
         row_ = &keywords_.Add(indent + value);
         row_->SetSubItem(keyword_cell::IDX_FULLKEY, prefix_ + value);
-        first_name_ = false;
+        first_name_ = has_title_ = false;
         pending_.clear();
         ++count_;
+        return true;
     }
 
     void AddTarget(const std::string& value) {
@@ -93,7 +108,7 @@ class KeywordReader {
             row_->SetSubItem(keyword_cell::IDX_TITLEPATH, pending_);
         }
         pending_.clear();
-        in_entry_ = false;
+        in_entry_ = has_title_ = false;
     }
 
     std::string_view proj_path_;
@@ -101,11 +116,12 @@ class KeywordReader {
     TopicPathFinder finder_;
     TextBudget budget_;
     KeywordCells cells_;
-    SitemapTally tally_;
+    SitemapTally tally_{kLevels};
     int level_ = 1;
     int count_ = 0;
     bool first_name_ = true;
     bool in_entry_ = false;
+    bool has_title_ = false;  // of a target that is still to come
     ListRow* row_ = nullptr;
     std::string pending_, parent_, last_key_, prefix_;
 };

@@ -16,7 +16,6 @@ static bool StartsWithUpper(std::string_view text, std::string_view upper) {
 SitemapTags FindSitemapTags(std::string_view line) {
     SitemapTags tags;
     for (std::size_t at = line.find('<'); at != npos; at = line.find('<', at + 1)) {
-        tags.any = true;
         const std::string_view tag = line.substr(at + 1);
         tags.list_start |= StartsWithUpper(tag, "UL");
         tags.list_end |= StartsWithUpper(tag, "/UL");
@@ -25,35 +24,6 @@ SitemapTags FindSitemapTags(std::string_view line) {
         tags.object_end |= StartsWithUpper(tag, "/OBJECT>");
     }
     return tags;
-}
-
-void SitemapTally::EndObject() {
-    if (InLostObject()) ++left_behind_;
-    in_object_ = false;
-}
-
-void SitemapTally::TakeLine(std::string_view line, bool is_read, bool added) {
-    for (std::size_t at = line.find('<'); at != npos; at = line.find('<', at + 1)) {
-        const std::string_view tag = line.substr(at + 1);
-        if (StartsWithUpper(tag, "PARAM")) {
-            is_whole_ = is_whole_ && is_read;
-            is_placed_ = is_placed_ || added;
-            // Of several on a line the first is read.
-            is_read = added = false;
-        } else if (StartsWithUpper(tag, "/OBJECT")) {
-            EndObject();
-        } else if (StartsWithUpper(tag, "OBJECT") &&
-                   ContainsIgnoringAsciiCase(tag.substr(0, tag.find('>')), "TEXT/SITEMAP")) {
-            EndObject();
-            ++objects_;
-            in_object_ = is_whole_ = true;
-            is_placed_ = false;
-        }
-    }
-}
-
-std::vector<LeftBehind> SitemapTally::Findings() const {
-    return {{"entries not read whole", left_behind_ + (InLostObject() ? 1 : 0), objects_}};
 }
 
 SitemapParam ReadSitemapParam(std::string_view line) {

@@ -4,17 +4,14 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/failure.hpp"
-#include "platform/left_behind.hpp"
 #include "platform/text_lines.hpp"
 
 namespace quorrel {
 
 /// Which tags a line holds, anywhere on it and in any case of letters.
 struct SitemapTags {
-    bool any = false;           // "<"
     bool list_start = false;    // "<UL"
     bool list_end = false;      // "</UL"
     bool entry_start = false;   // "<LI"
@@ -22,29 +19,6 @@ struct SitemapTags {
     bool object_end = false;    // "</OBJECT>"
 };
 [[nodiscard]] SitemapTags FindSitemapTags(std::string_view line);
-
-/// Counts the objects of type "text/sitemap" that a reader could not take whole: those whose
-/// entry was not placed, or that have a <param> where the reader does not look, as generators
-/// write that put a whole entry on one line.
-class SitemapTally {
-  public:
-    /// A line of the file. `is_read`: the reader looked for a <param> on it, and `added` an entry
-    /// with it.
-    void TakeLine(std::string_view line, bool is_read, bool added);
-
-    /// At the end of the file.
-    [[nodiscard]] std::vector<LeftBehind> Findings() const;
-
-  private:
-    [[nodiscard]] bool InLostObject() const { return in_object_ && !(is_placed_ && is_whole_); }
-    void EndObject();
-
-    int objects_ = 0;
-    int left_behind_ = 0;
-    bool in_object_ = false;
-    bool is_placed_ = false;
-    bool is_whole_ = true;
-};
 
 /// A name and value of a <param> line; each is empty where the line has none.
 struct SitemapParam {
