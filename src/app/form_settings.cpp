@@ -2,8 +2,16 @@
 
 #include "app/main_form.hpp"
 #include "app/settings_file.hpp"
+#include "editor/load_file.hpp"
 
 namespace quorrel {
+
+/// The topic that was open in the other program is not on the surface yet.
+static void ShowOpenTopic(MainForm& main) {
+    if (main.editor.main_path.empty()) return;
+    main.editor.new_main_path = main.editor.main_path;
+    LoadFile(main);
+}
 
 FormSettings::FormSettings(MainForm& main) : main_(main) {
     EditEditorPath.Text = main.settings.ext_editor;
@@ -29,12 +37,14 @@ void FormSettings::OKButton_Click() {
                                   MessageButtons::kOk, MessageIcon::kExclamation});
         return;
     }
+    const bool was_external = settings.use_ext_editor;
     settings.use_ext_editor = use;
     if (use) settings.ext_editor = path;
     SetIni(main_, "Settings", {{"useexted", use ? "1" : "0"}, {"exted", path}});
     if (use) main_.window.TabStrip2.SelectedIndex = right_tab::kProperties;
     ApplyExternalEditorMode(main_);
     closed = true;
+    if (was_external && !use) ShowOpenTopic(main_);
 }
 
 void ApplyExternalEditorMode(MainForm& main) {

@@ -10,7 +10,7 @@
 #include "contents/contents_tree.hpp"
 #include "contents/topic_keywords.hpp"
 #include "documents/topic_report.hpp"
-#include "editor/load_file.hpp"
+#include "editor/document_text.hpp"
 #include "editor/save_html.hpp"
 #include "editor/selection.hpp"
 #include "editor/surface_events.hpp"
@@ -52,6 +52,7 @@ void LeaveSourceView(MainForm& main) {
     EditorState& editor = main.editor;
     if (!editor.SourceViewActive) return;
     editor.DoRestoreSelection = true;
+    editor.source_edited = false;
     ShowSource(main, main.Source1.Text());
     editor.ActiveDirty = true;
     editor.SourceViewActive = false;
@@ -59,10 +60,7 @@ void LeaveSourceView(MainForm& main) {
 
 void EnterSourceView(MainForm& main) {
     WaitForSurface(main);
-    // Showing the text is no change to it.
-    const bool was_dirty = main.editor.ActiveDirty;
-    main.Source1.SetText(main.DHTMLEdit1.DocumentHTML());
-    main.editor.ActiveDirty = was_dirty;
+    ShowInSource(main, main.DHTMLEdit1.DocumentHTML());
     SaveSelection(main);
     main.editor.SourceViewActive = true;
     main.Source1.SetFocus();
@@ -234,7 +232,7 @@ void ConnectEvents(MainForm& main) {
     main.window.LabelExtEditor.Visible = false;
     main.DHTMLEdit1.DocumentComplete = [&main] { DHTMLEdit1_DocumentComplete(main); };
     main.DHTMLEdit1.DisplayChanged = [&main] { DHTMLEdit1_DisplayChanged(main); };
-    main.Source1.Change = [&main] { main.editor.ActiveDirty = true; };
+    main.Source1.Change = [&main] { main.editor.ActiveDirty = main.editor.source_edited = true; };
     FollowTab(main.window.TabStrip1, [&main] {
         if (main.window.TabStrip1.Enabled) TabStrip1_Click(main);
     });

@@ -25,9 +25,13 @@ struct EditorState {
     bool TopicPropDirty = false;
     // A boolean kept as text: the document is a topic template.
     std::string new_topic_template = "False";
-    bool SourceViewActive = false;    // Source1 holds the text; the surface is stale
+    bool SourceViewActive = false;    // the author works in Source1; the surface may be stale
+    bool source_edited = false;       // Source1 has text that the surface has not been given yet
     bool BlockFormatsLoaded = false;  // FormatSub has the block formats of the surface
 
+    // The document's text, in the form of the surface, as a file has it: the one that it was loaded
+    // from or the one that it was written to last.
+    std::string kept_html;
     bool loading = false;  // LoadFile runs; an event in its waits must not begin another one
     // The topics' files as loaded since the project was opened, by their full paths.
     std::unordered_map<std::string, LoadedFile, IgnoringCaseHash, IgnoringCaseEqual> loaded;

@@ -18,6 +18,12 @@ void NoteTopicFile(MainForm& main, const std::string& topic) {
     }
 }
 
+bool IsAsLoaded(const MainForm& main, const std::string& topic, std::string_view bytes) {
+    const auto known = main.editor.loaded.find(topic);
+    return known != main.editor.loaded.end() &&
+           std::hash<std::string_view>{}(bytes) == known->second.hash;
+}
+
 Overwrite MayOverwrite(MainForm& main, const std::string& topic,
                        const std::function<std::string()>& new_bytes) {
     const auto known = main.editor.loaded.find(topic);

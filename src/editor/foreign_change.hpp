@@ -12,6 +12,10 @@ struct MainForm;
 /// Remembers the topic's file as it is on disk now.
 void NoteTopicFile(MainForm& main, const std::string& topic);
 
+/// Whether these are the bytes that the topic's file had when it was noted.
+[[nodiscard]] bool IsAsLoaded(const MainForm& main, const std::string& topic,
+                              std::string_view bytes);
+
 enum class Overwrite {
     kAllowed,
     kRefused,  // by the user

@@ -1,6 +1,7 @@
 #include "editor/load_file.hpp"
 
 #include "app/main_form.hpp"
+#include "editor/document_text.hpp"
 #include "editor/foreign_change.hpp"
 #include "editor/object_mask.hpp"
 #include "editor/save_html.hpp"
@@ -63,20 +64,6 @@ std::string FileToLoad(MainForm& main) {
     return has_copy ? topic : copy;
 }
 
-void OpenInExternalEditor(MainForm& main) {
-    EditorState& editor = main.editor;
-    if (editor.TopicPropDirty) SaveTopicProperties(main);
-    const Trap trap(main.log, "MainForm LoadFile: ");
-    trap([&] {
-        main.shell.Start(main.settings.ext_editor + " \"" + editor.new_main_path + "\"",
-                         WindowStyle::kNormal);
-    });
-    if (!editor.main_path.empty()) KeepStatusNotes(main);
-    editor.main_path = editor.new_main_path;
-    GetStatusNotes(main);
-    if (ShowsTab(main, right_tab::kProperties)) LoadTopicProperties(main);
-}
-
 /// False where the user wants to stay with the template.
 bool LeaveTemplate(MainForm& main) {
     switch (
@@ -90,7 +77,6 @@ bool LeaveTemplate(MainForm& main) {
         default:
             return false;
     }
-    main.editor.new_topic_template = "False";
     return true;
 }
 
@@ -114,23 +100,30 @@ std::int32_t LoadErrorNumber(const RuntimeError& error) {
     }
 }
 
-std::int32_t LoadDocument(MainForm& main, const std::string& path) {
-    try {
-        main.DHTMLEdit1.LoadDocument(path);
-        return 0;
-    } catch (const RuntimeError& error) {
-        main.DHTMLEdit1.NewDocument(error.what());
-        return LoadErrorNumber(error);
+/// The OBJECT tags of the document that has just been loaded are masked. Its text is that of its
+/// file all the same. The surface gives it as it stands there as long as nobody has edited it.
+void TakeLoadedText(MainForm& main) {
+    EditSurface& surface = main.DHTMLEdit1;
+    std::string html = surface.DocumentHTML();
+    if (!main.settings.is_javahelp_edition && HasObjectTags(html)) {
+        ShowSource(main, html);
+        surface.DocumentSaved(surface.CurrentDocumentPath());
+        html = surface.DocumentHTML();
     }
+    ShowInSource(main, html);
+    main.editor.kept_html = std::move(html);
 }
 
-/// Masks the OBJECT tags of the document that has just been loaded. The surface gives its text as
-/// it stands in the file as long as nobody has edited it.
-void MaskLoadedDocument(MainForm& main) {
-    const std::string text = main.DHTMLEdit1.DocumentHTML();
-    if (!HasObjectTags(text)) return main.Source1.SetText(text);
-    main.Source1.SetText(MaskObjects(text));
-    ShowSource(main, text);
+std::int32_t LoadDocument(MainForm& main, const std::string& path) {
+    std::int32_t failure = 0;
+    try {
+        main.DHTMLEdit1.LoadDocument(path);
+    } catch (const RuntimeError& error) {
+        main.DHTMLEdit1.NewDocument(error.what());
+        failure = LoadErrorNumber(error);
+    }
+    TakeLoadedText(main);
+    return failure;
 }
 
 /// Only positive numbers come to a message: the refusals of a frameset or a server page, and
@@ -171,12 +164,6 @@ void ShowInBrowser(MainForm& main, const std::string& path) {
     window.Named("DHTMLEdit1").Visible = false;
     window.Named("WebBrowser1").Visible = true;
     window.Named("Source1").Visible = false;
-    if (main.editor.SourceViewActive) {
-        main.editor.docbuf = main.Source1.Text();
-        main.editor.DoRestoreSelection = true;
-        SetHTML(main);
-    }
-    main.editor.SourceViewActive = false;
 }
 
 void ShowByTab(MainForm& main) {
@@ -199,11 +186,56 @@ std::int32_t BringToSurface(MainForm& main) {
     // Before it is read: a change that comes between is found out later.
     if (!IsWorkingCopy(path)) NoteTopicFile(main, path);
     const std::int32_t failure = LoadDocument(main, path);
-    // Before the wait, so that the surface has to show one document only.
-    if (!main.settings.is_javahelp_edition) MaskLoadedDocument(main);
     WaitForSurface(main);
-    if (ShowsTab(main, right_tab::kSource)) main.Source1.SetText(main.DHTMLEdit1.DocumentHTML());
     return failure;
+}
+
+void StayWithDocument(MainForm& main) {
+    main.editor.new_main_path = main.editor.main_path;
+    SyncTopicSelection(main);
+}
+
+/// Takes the document off the surface, where nothing may be that a save would take for the topic
+/// in the other program. False where it has to stay.
+bool PutDocumentAway(MainForm& main) {
+    if (main.editor.TopicPropDirty) SaveTopicProperties(main);
+    if (main.DHTMLEdit1.CurrentDocumentPath().empty()) return true;
+    if (IsDocumentEdited(main)) {
+        const bool left = IsTemplateOpen(main) ? LeaveTemplate(main) : SetDirty(main);
+        if (!left) return false;
+    }
+    CloseDocument(main, "The topic is open in your editor.");
+    main.editor.new_topic_template = "False";
+    return true;
+}
+
+/// The other program reads the topic's file, which lacks the changes that are not saved yet.
+void OfferToSaveFirst(MainForm& main, const std::string& topic) {
+    ListRow* row = main.topics.ListTopics.FirstWith(topic_cell::kFullPath, topic);
+    if (row == nullptr) return;
+    if (!HasUnsavedCopy(main, *row)) return ForgetWorkingCopy(main, *row);
+    const Message question = {
+        main.files.NativePath(topic) +
+            " has changes that are not saved yet. Your editor would show the file without "
+            "them.\r\n\r\nDo you want to save them first?",
+        main.settings.APP_NAME, MessageButtons::kYesNo, MessageIcon::kExclamation};
+    if (main.screen.ShowMessage(question) == MessageAnswer::kYes) SaveTopic(main, *row);
+}
+
+void OpenInExternalEditor(MainForm& main) {
+    EditorState& editor = main.editor;
+    if (!PutDocumentAway(main)) return StayWithDocument(main);
+    OfferToSaveFirst(main, TopicPath(editor.new_main_path));
+    const Trap trap(main.log, "MainForm LoadFile: ");
+    trap([&] {
+        main.shell.Start(main.settings.ext_editor + " \"" + editor.new_main_path + "\"",
+                         WindowStyle::kNormal);
+    });
+    if (!editor.main_path.empty()) KeepStatusNotes(main);
+    editor.main_path = editor.new_main_path;
+    GetStatusNotes(main);
+    if (ShowsTab(main, right_tab::kProperties)) return LoadTopicProperties(main);
+    SyncTopicSelection(main);
 }
 
 /// What LoadFile does once it is sure to run alone.
@@ -215,10 +247,8 @@ void LoadFileAlone(MainForm& main) {
     TakeBackSource(main);
     const bool left =
         IsTemplateOpen(main) && HasUnsavedChanges(main) ? LeaveTemplate(main) : LeaveTopic(main);
-    if (!left) {
-        editor.new_main_path = editor.main_path;
-        return SyncTopicSelection(main);
-    }
+    if (!left) return StayWithDocument(main);
+    editor.new_topic_template = "False";
     editor.temp_path = FileToLoad(main);
     editor.main_path = editor.new_main_path;
     const std::int32_t failure = BringToSurface(main);
@@ -235,16 +265,6 @@ void LoadFileAlone(MainForm& main) {
 
 bool IsTemplateOpen(const MainForm& main) {
     return main.editor.new_topic_template == "True";
-}
-
-void TakeBackSource(MainForm& main) {
-    if (!ShowsTab(main, right_tab::kSource) || !main.editor.ActiveDirty) return;
-    EditSurface& surface = main.DHTMLEdit1;
-    const std::string base = surface.BaseURL();
-    surface.SetDocumentHTML(main.Source1.Text());
-    surface.SetBaseURL(base);
-    WaitForSurface(main);
-    main.editor.ActiveDirty = true;
 }
 
 void NavigateToReport(MainForm& main) {

@@ -16,9 +16,6 @@ void LoadFile(MainForm& main);
 /// Whether a template is on the surface.
 [[nodiscard]] bool IsTemplateOpen(const MainForm& main);
 
-/// Takes the source view's text over as the document, if that is where the author works.
-void TakeBackSource(MainForm& main);
-
 /// The report's page in the browser pane, at the place of the topic `new_main_path`.
 void NavigateToReport(MainForm& main);
 

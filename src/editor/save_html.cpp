@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/main_form.hpp"
+#include "editor/document_text.hpp"
 #include "editor/foreign_change.hpp"
 #include "editor/object_mask.hpp"
 #include "platform/text.hpp"
@@ -33,6 +34,11 @@ std::string_view ReasonOf(int number) {
     }
 }
 
+/// The document as it goes to a file: links relative to `path`, OBJECT tags as they are.
+std::string TextForFile(const std::string& html, std::string_view path) {
+    return UnmaskObjects(RepairLocalLinks(html, path));
+}
+
 /// A working copy is ours alone; any other file may have been changed by another program.
 void WriteDocument(MainForm& main, const std::string& path, const std::string& bytes) {
     if (IsWorkingCopy(path)) return WriteWhole(main.files, path, bytes);
@@ -44,6 +50,45 @@ void WriteDocument(MainForm& main, const std::string& path, const std::string& b
             return;
         case Overwrite::kRefused:
             return WriteWhole(main.files, WorkingCopyOf(path), bytes);
+    }
+}
+
+/// The document in another file, for what the user wants with it.
+void WriteCopy(MainForm& main, const std::string& target) {
+    WaitForSurface(main);
+    TakeBackSource(main);
+    const EditSurface& surface = main.DHTMLEdit1;
+    const std::string text = TextForFile(surface.DocumentHTML(), target);
+    WriteDocument(main, target, TopicBytes(text, surface.Encoding()));
+}
+
+std::string ChooseCopy(MainForm& main, const std::string& document) {
+    FileDialog dialog;
+    dialog.title = "Save HTML File As";
+    dialog.filter = "HTML Files (*.htm;*.html)|*.htm;*.html";
+    dialog.folder = BeforeLast(document, '\\', {});
+    dialog.save = true;
+    return main.screen.ChooseFile(dialog);
+}
+
+void SaveCopy(MainForm& main, bool& ok) {
+    const std::string document = TopicPath(main.DHTMLEdit1.CurrentDocumentPath());
+    if (document.empty()) return;
+    const std::string target = ChooseCopy(main, document);
+    if (target.empty()) return;
+    try {
+        WriteCopy(main, target);
+        // A topic that has been replaced as a whole has no changes left: the next save would put
+        // them in the place of the new text.
+        if (ListRow* row = main.topics.ListTopics.FirstWith(topic_cell::kFullPath, target)) {
+            ForgetWorkingCopy(main, *row);
+        }
+        main.window.StatusBar1.SetPanel(1, "A copy is in " + main.files.NativePath(target) +
+                                               "; you go on with " +
+                                               std::string(AfterLast(document, '\\')));
+    } catch (const RuntimeError& error) {
+        ok = false;
+        TellSaveFailure(main, error.Number());
     }
 }
 
@@ -86,12 +131,15 @@ bool SaveHTML(MainForm& main, std::string_view path) {
     int failure = 0;
     const bool written = trap([&] {
         try {
-            std::string text = RepairLocalLinks(surface.DocumentHTML(), main.editor.main_path);
-            text = UnmaskObjects(text);
-            main.Source1.SetText(text);
+            TakeBackSource(main);
+            std::string html = surface.DocumentHTML();
+            const std::string text = TextForFile(html, main.editor.main_path);
+            // Not under the author's hands.
+            if (!main.editor.SourceViewActive) ShowInSource(main, text);
             WriteDocument(main, std::string(path), TopicBytes(text, surface.Encoding()));
             // Not before the file is there: a failure must leave the document dirty.
             surface.DocumentSaved(path);
+            main.editor.kept_html = std::move(html);
         } catch (const RuntimeError& error) {
             failure = error.Number();
             throw;
@@ -109,41 +157,9 @@ bool SaveHTML(MainForm& main, std::string_view path) {
 
 void SaveDocument(MainForm& main, bool save_as, bool& ok) {
     ok = true;
-    EditSurface& surface = main.DHTMLEdit1;
-    const std::string path = surface.CurrentDocumentPath();
-    std::string target;
-    if (!save_as) {
-        if (path.empty()) return;
-        target = WorkingCopyOf(path);
-    } else {
-        FileDialog dialog;
-        dialog.title = "Save HTML File As";
-        dialog.filter = "HTML Files (*.htm;*.html)|*.htm;*.html";
-        dialog.folder = BeforeLast(path, '\\', {});
-        dialog.save = true;
-        target = main.screen.ChooseFile(dialog);
-        if (target.empty()) return;
-    }
-    try {
-        surface.SaveDocument(target);
-    } catch (const RuntimeError& error) {
-        ok = false;
-        TellSaveFailure(main, error.Number());
-    }
-}
-
-void ShowSource(MainForm& main, std::string_view html) {
-    EditSurface& surface = main.DHTMLEdit1;
-    const std::string base = surface.BaseURL();
-    const bool mask = !main.settings.is_javahelp_edition && HasObjectTags(html);
-    surface.SetDocumentHTML(mask ? MaskObjects(html) : std::string(html));
-    surface.SetBaseURL(base);
-}
-
-void SetHTML(MainForm& main) {
-    constexpr std::size_t kShortest = 20;
-    const std::string text = main.Source1.Text();
-    if (CountCharacters(text) >= kShortest) ShowSource(main, text);
+    if (save_as) return SaveCopy(main, ok);
+    const std::string path = main.DHTMLEdit1.CurrentDocumentPath();
+    if (!path.empty()) ok = SaveHTML(main, WorkingCopyOf(path));
 }
 
 }  // namespace quorrel

@@ -20,17 +20,10 @@ void WaitForSurface(MainForm& main);
 /// it was then, and the document stays to be saved.
 bool SaveHTML(MainForm& main, std::string_view path);
 
-/// The save of the dialogs that work on graphics: to the working copy of the document, or where
-/// the user says. `ok` is false after a message.
+/// The save of the dialogs that work on graphics: to the working copy of the document. With
+/// `save_as` a copy goes where the user says; the document stays that of its own file, and what
+/// is edited later goes there alone. `ok` is false after a message.
 void SaveDocument(MainForm& main, bool save_as, bool& ok);
-
-/// Pushes the source view's text onto the surface; one of fewer than 20 characters is taken for
-/// an empty view and does nothing.
-void SetHTML(MainForm& main);
-
-/// Puts `html` on the surface as it is to have it: masked in the HTML Help edition, under the
-/// same base address.
-void ShowSource(MainForm& main, std::string_view html);
 
 /// The message for a document that could not be saved; `number` is that of the run-time error.
 void TellSaveFailure(MainForm& main, int number);

@@ -6,6 +6,7 @@
 
 #include "app/main_form.hpp"
 #include "contents/contents_drag.hpp"
+#include "editor/document_text.hpp"
 #include "editor/format_commands.hpp"
 #include "editor/selection.hpp"
 
@@ -33,7 +34,7 @@ void DHTMLEdit1_DocumentComplete(MainForm& main) {
     EditorState& editor = main.editor;
     switch (main.window.TabStrip2.SelectedIndex()) {
         case right_tab::kSource:
-            if (!main.DHTMLEdit1.Busy()) main.Source1.SetText(main.DHTMLEdit1.DocumentHTML());
+            if (!main.DHTMLEdit1.Busy()) FollowInSource(main);
             return;
         case right_tab::kPreview:
             return;

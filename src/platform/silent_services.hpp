@@ -40,6 +40,9 @@ class PlainSource : public SourceEdit {
         text_ = text;
         if (Change) Change();
     }
+    void ReplaceText(std::string_view text) override { SetText(text); }
+    void SetReadOnly(bool on) override { is_read_only = on; }
+    bool is_read_only = false;
     void SetFocus() override {}
     void Cut() override {}
     void Copy() override {}

@@ -16,6 +16,10 @@ class SourceEdit {
     [[nodiscard]] virtual std::string Text() const = 0;
     /// Line ends come back as they were set. Begins a new history of undo. Raises Change.
     virtual void SetText(std::string_view text) = 0;
+    /// The same for another spelling of the text that is there: the caret stays in its line.
+    virtual void ReplaceText(std::string_view text) = 0;
+    /// Shows its text and takes none.
+    virtual void SetReadOnly(bool on) = 0;
     virtual void SetFocus() = 0;
 
     virtual void Cut() = 0;

@@ -293,6 +293,13 @@ void FormNewTopic::ShowTopic(const std::string& path) {
     main_.project.project_dirty = true;
 }
 
+void FormNewTopic::ShowTemplate(const std::string& path) {
+    main_.editor.new_main_path = path;
+    LoadFile(main_);
+    const bool is_shown = EqualsIgnoringCase(main_.DHTMLEdit1.CurrentDocumentPath(), path);
+    main_.editor.new_topic_template = is_shown ? "True" : "False";
+}
+
 void FormNewTopic::OkCmd_Click() {
     if (EditFile.Text().empty()) {
         return Refuse("You must specify a name for your topic file.", EditFile);
@@ -306,8 +313,7 @@ void FormNewTopic::OkCmd_Click() {
     if (path.empty() || !WriteFile(path)) return;
     CopyTopicSupport(main_, path);
     if (is_template) {
-        main_.editor.new_main_path = path;
-        LoadFile(main_);
+        ShowTemplate(path);
         closed = true;
         return;
     }

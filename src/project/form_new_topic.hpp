@@ -83,6 +83,7 @@ class FormNewTopic : public Form {
     void AddToProject(const std::string& path);
     void RememberPrefix();
     void ShowTopic(const std::string& path);
+    void ShowTemplate(const std::string& path);
     void Refuse(std::string_view text, const Control& control);
 
     MainForm& main_;

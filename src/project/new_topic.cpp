@@ -5,6 +5,7 @@
 #include "editor/save_html.hpp"
 #include "project/form_new_topic.hpp"
 #include "project/save_project.hpp"
+#include "project/topic_properties.hpp"
 
 namespace quorrel {
 namespace {
@@ -12,7 +13,6 @@ namespace {
 /// False where a template is being edited and could not be saved; the user has been told.
 bool SaveOpenTemplate(MainForm& main) {
     if (!IsTemplateOpen(main)) return true;
-    TakeBackSource(main);
     return SaveHTML(main, main.DHTMLEdit1.CurrentDocumentPath());
 }
 
@@ -27,12 +27,10 @@ void FileNew_Click(MainForm& main) {
 
 void newtemplate_Click(MainForm& main) {
     if (!SaveOpenTemplate(main)) return;
+    // With a template open they would not be stored any longer.
+    if (main.editor.TopicPropDirty) SaveTopicProperties(main);
     const bool changed = main.DHTMLEdit1.IsDirty() || main.editor.ActiveDirty;
-    if (changed && !main.project.proj.empty()) {
-        // What is typed in the source view would count as unchanged from here on.
-        TakeBackSource(main);
-        if (!SetDirty(main)) return;
-    }
+    if (changed && !main.project.proj.empty() && !SetDirty(main)) return;
     main.editor.ActiveDirty = false;
     main.editor.new_topic_template = "True";
     main.contents.create_from_toc_selected = false;

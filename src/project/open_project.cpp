@@ -4,6 +4,7 @@
 #include "app/tool_bar.hpp"
 #include "contents/node_data.hpp"
 #include "contents/open_contents_item.hpp"
+#include "editor/document_text.hpp"
 #include "formats/htmlhelp/hhc.hpp"
 #include "formats/htmlhelp/hhk.hpp"
 #include "formats/htmlhelp/hhp.hpp"
@@ -153,13 +154,10 @@ void ClearProject(MainForm& main) {
     main.topics.ListAliases.Clear();
     main.topics.current_topic_index = 0;
     main.editor.main_path.clear();
-    main.editor.temp_path.clear();
-    main.editor.ActiveDirty = false;
+    CloseDocument(main, "There is no topic to show.");
     main.editor.TopicPropDirty = false;
     main.editor.new_topic_template = "False";
-    main.editor.SourceViewActive = false;
     main.editor.loaded.clear();
-    main.DHTMLEdit1.NewDocument("There is no topic to show.");
     // What the project's files do not say must not be that of the project before.
     main.contents.site_properties_toc.clear();
     main.keywords.site_properties_index.clear();

@@ -1,10 +1,12 @@
 #include "project/save_project.hpp"
 
 #include <string>
+#include <vector>
 
 #include "app/main_form.hpp"
 #include "app/recent_projects.hpp"
 #include "contents/contents_item_panel.hpp"
+#include "editor/document_text.hpp"
 #include "editor/foreign_change.hpp"
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
@@ -17,6 +19,7 @@
 #include "formats/javahelp/jhm.hpp"
 #include "formats/javahelp/toc_xml.hpp"
 #include "platform/text.hpp"
+#include "platform/unicode.hpp"
 #include "project/paths.hpp"
 #include "project/side_files.hpp"
 #include "project/topic_properties.hpp"
@@ -26,6 +29,7 @@
 namespace quorrel {
 namespace {
 
+constexpr std::uint64_t kNoDocument = 25;  // bytes; an empty page of the surface
 constexpr std::string_view kFlagged = "1";
 constexpr std::string_view kSaveProject = "MainForm SaveProject: ";
 
@@ -47,50 +51,105 @@ void CopySupportFiles(MainForm& main) {
     }
 }
 
-/// Puts a topic's working copy in its place. True if the topic needs no flag any longer.
-bool PromoteWorkingCopy(MainForm& main, const std::string& topic) {
+enum class Promotion {
+    kDone,
+    kTooShort,  // the copy is no more than an empty page
+    kNot,       // the user does not want it, or the log tells what has failed
+};
+
+/// Puts a topic's working copy in its place.
+Promotion PromoteWorkingCopy(MainForm& main, const std::string& topic) {
     const std::string copy = topic + std::string(kWorkingCopy);
     const auto stamp = main.files.Stamp(copy);
     if (!stamp) {
         main.log.Write(kSaveProject, run_time_error::kFileNotFound,
                        main.files.NativePath(copy) + ", which holds the edits, is gone");
-        return false;
+        return Promotion::kNot;
     }
     if (main.files.FileExists(topic)) {
-        constexpr std::uint64_t kNoDocument = 25;  // bytes; an empty page of the surface
-        if (stamp->size <= kNoDocument) return false;
+        if (stamp->size <= kNoDocument) return Promotion::kTooShort;
         const auto may = MayOverwrite(main, topic, [&] { return main.files.ReadFile(copy); });
-        if (may == Overwrite::kRefused) return false;
-        if (may == Overwrite::kNothing) return main.files.DeleteFile(copy);
+        if (may == Overwrite::kRefused) return Promotion::kNot;
+        if (may == Overwrite::kNothing) {
+            return main.files.DeleteFile(copy) ? Promotion::kDone : Promotion::kNot;
+        }
         if (main.project.backup_all_html) KeepBackup(main.files, topic);
     }
     main.files.FlushFile(copy);
     if (main.files.ReplaceFile(copy, topic)) {
         NoteTopicFile(main, topic);
-        return true;
+        return Promotion::kDone;
     }
     main.log.Write(kSaveProject, run_time_error::kPathFileAccess,
                    main.files.NativePath(topic) + " could not be replaced; your version is in " +
                        main.files.NativePath(copy));
-    return false;
+    return Promotion::kNot;
 }
 
-/// The open topic goes to its working copy, edited or not. An edited page that is no topic of the
-/// project has no flag to be promoted by, and takes its place at once.
+/// The same for a topic of the table, which loses its flag then.
+Promotion PromoteTopic(MainForm& main, ListRow& row) {
+    const Promotion result = PromoteWorkingCopy(main, row.SubItems(topic_cell::kFullPath));
+    if (result == Promotion::kDone) row.SetSubItem(topic_cell::kModified, "0");
+    return result;
+}
+
+void TellTooShort(MainForm& main, const std::vector<std::string>& topics) {
+    std::string text =
+        "A page of " + std::to_string(kNoDocument) +
+        " bytes or less counts as empty and does not take the place of a topic. Not saved:\r\n";
+    for (const std::string& topic : topics) text += "\r\n" + main.files.NativePath(topic);
+    text += "\r\n\r\nThe old text stays there. Yours is kept beside it, in the file with " +
+            std::string(kWorkingCopy) + " at the end of its name, and saved when it is longer.";
+    main.screen.ShowMessage(
+        {text, main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kExclamation});
+}
+
+void PromoteTopics(MainForm& main, const Trap& trap) {
+    ListView& topics = main.topics.ListTopics;
+    std::vector<std::string> too_short;
+    ShownProgress progress(main.window.progress, topics.Count());
+    for (int i = 1; i <= topics.Count(); ++i) {
+        progress.Next();
+        ListRow& row = topics.At(i);
+        if (row.SubItems(topic_cell::kModified) != kFlagged) continue;
+        trap([&] {
+            const bool is_too_short = PromoteTopic(main, row) == Promotion::kTooShort;
+            if (is_too_short && HasUnsavedCopy(main, row)) {
+                too_short.push_back(row.SubItems(topic_cell::kFullPath));
+            }
+        });
+    }
+    if (!too_short.empty()) TellTooShort(main, too_short);
+}
+
+/// Whether the surface has the document of `main_path`: it is empty where the file is missing,
+/// not to be edited there, or in another program.
+bool HasOpenDocument(const MainForm& main) {
+    const std::string shown = TopicPath(main.DHTMLEdit1.CurrentDocumentPath());
+    return !shown.empty() && EqualsIgnoringCase(shown, TopicPath(main.editor.main_path));
+}
+
+/// Of an open page that is no topic: it stays to be saved where its copy does not take its place.
+void PromotePage(MainForm& main, const std::string& page) {
+    const Promotion result = PromoteWorkingCopy(main, page);
+    if (result == Promotion::kTooShort) TellTooShort(main, {page});
+    if (result == Promotion::kDone) return;
+    main.editor.kept_html.clear();
+    main.editor.ActiveDirty = true;
+}
+
+/// The open topic goes to its working copy, edited or not. A page that is no topic of the project
+/// has no flag to be promoted by, and takes its place at once; it is written only if edited.
 void SaveOpenTopic(MainForm& main) {
-    const std::string& path = main.editor.main_path;
-    if (IsTemplateOpen(main) || path.empty()) return;
-    const std::string topic = TopicPath(path);
-    // A file that the surface would not take has nothing on it that could replace it.
-    const bool is_empty_surface = main.DHTMLEdit1.CurrentDocumentPath().empty();
-    if (is_empty_surface && main.files.FileExists(topic)) return;
-    const bool edited = main.DHTMLEdit1.IsDirty() || main.editor.ActiveDirty;
-    const bool saved = SaveHTML(main, WorkingCopyOf(path));
+    if (IsTemplateOpen(main) || !HasOpenDocument(main)) return;
     const int index = main.topics.current_topic_index;
+    if (index < 1 && !IsDocumentEdited(main)) return;
+    const std::string& path = main.editor.main_path;
+    const bool saved = SaveHTML(main, WorkingCopyOf(path));
     if (index >= 1) {
         main.topics.ListTopics.At(index).SetSubItem(topic_cell::kModified, std::string(kFlagged));
-    } else if (saved && edited) {
-        PromoteWorkingCopy(main, topic);
+    } else if (saved) {
+        PromotePage(main, TopicPath(path));
     }
 }
 
@@ -129,25 +188,8 @@ void SaveProject(MainForm& main) {
     if (main.project.proj.empty()) return;
     trap([&] { UpdateRecentList(main); });
     WriteProjectFiles(main, trap);
-    ListView& topics = main.topics.ListTopics;
-    ShownProgress progress(main.window.progress, topics.Count());
-    for (int i = 1; i <= topics.Count(); ++i) {
-        progress.Next();
-        ListRow& row = topics.At(i);
-        if (row.SubItems(topic_cell::kModified) != kFlagged) continue;
-        trap([&] {
-            const bool done = PromoteWorkingCopy(main, row.SubItems(topic_cell::kFullPath));
-            if (done) row.SetSubItem(topic_cell::kModified, "0");
-        });
-    }
+    PromoteTopics(main, trap);
     trap([&] { main.files.FlushNames(); });
-}
-
-/// Puts the source view's text onto the surface if the author works there.
-void TakeSourceForSave(MainForm& main) {
-    if (main.window.TabStrip2.SelectedIndex() != right_tab::kSource) return;
-    ShowSource(main, main.Source1.Text());
-    main.editor.ActiveDirty = true;
 }
 
 }  // namespace
@@ -165,6 +207,8 @@ bool SetDirty(MainForm& main) {
     if (ListRow* row = main.topics.ListTopics.FirstWith(topic_cell::kFullPath, path)) {
         row->SetSubItem(topic_cell::kModified, std::string(kFlagged));
         path += kWorkingCopy;
+    } else if (!IsDocumentEdited(main)) {
+        return true;
     }
     const bool saved = SaveHTML(main, path);
     main.editor.temp_path = path;
@@ -175,7 +219,7 @@ bool SetDirty(MainForm& main) {
 bool FileSave_Click(MainForm& main) {
     const int errors_before = main.log.Count();
     if (!main.project.proj.empty()) CopySupportFiles(main);
-    TakeSourceForSave(main);
+    TakeBackSource(main);
     if (IsTemplateOpen(main) && SaveHTML(main, main.DHTMLEdit1.CurrentDocumentPath())) {
         main.editor.ActiveDirty = false;
     }
@@ -197,6 +241,16 @@ bool FileSave_Click(MainForm& main) {
     }
     status.SetPanel(1, shown);
     return saved;
+}
+
+bool SaveTopic(MainForm& main, ListRow& row) {
+    const Trap trap(main.log, kSaveProject);
+    Promotion result = Promotion::kNot;
+    const int errors_before = main.log.Count();
+    trap([&] { result = PromoteTopic(main, row); });
+    if (main.log.Count() > errors_before) TellIncompleteSave(main);
+    if (result == Promotion::kTooShort) TellTooShort(main, {row.SubItems(topic_cell::kFullPath)});
+    return result == Promotion::kDone;
 }
 
 void ClearTempFiles(MainForm& main) {

@@ -4,15 +4,19 @@
 
 namespace quorrel {
 
+class ListRow;
 struct MainForm;
 
 /// Writes the open document to its working copy and flags its topic; a document that is no topic
-/// goes to its own file. False where it could not be written, after a message.
+/// goes to its own file, if it was edited. False where it could not be written, after a message.
 bool SetDirty(MainForm& main);
 
 /// The Save command. False where something could not be saved, after a message: the flags of what
 /// is unsaved stay then.
 bool FileSave_Click(MainForm& main);
+
+/// Puts the working copy of one flagged topic in its place. False where it stays, after a message.
+bool SaveTopic(MainForm& main, ListRow& row);
 
 /// Deletes the working copies of the flagged topics. The flags stay: the table is replaced next.
 void ClearTempFiles(MainForm& main);

@@ -6,6 +6,7 @@
 
 #include "app/main_form.hpp"
 #include "contents/keyword_store.hpp"
+#include "editor/document_text.hpp"
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
 #include "platform/text.hpp"
@@ -160,12 +161,14 @@ std::string WithTitle(std::string_view html, std::string_view title) {
 void SetDocumentTitle(MainForm& main, std::string_view title) {
     EditSurface& surface = main.DHTMLEdit1;
     WaitForSurface(main);
+    TakeBackSource(main);
     const std::string old_text = surface.DocumentHTML();
     const std::string new_text = WithTitle(old_text, title);
     if (new_text == old_text) return;
     const std::string base = surface.BaseURL();
     surface.SetDocumentHTML(new_text);
     surface.SetBaseURL(base);
+    if (main.editor.SourceViewActive) FollowInSource(main);
 }
 
 }  // namespace quorrel

@@ -7,10 +7,12 @@
 #include "contents/keyword_store.hpp"
 #include "contents/new_topic_node.hpp"
 #include "contents/node_data.hpp"
+#include "editor/document_text.hpp"
 #include "editor/load_file.hpp"
 #include "platform/text.hpp"
 #include "platform/unicode.hpp"
 #include "project/paths.hpp"
+#include "project/save_project.hpp"
 #include "project/topic_properties.hpp"
 #include "project/working_copy.hpp"
 
@@ -50,9 +52,7 @@ void RemoveRow(TopicTables& topics, const ListRow& row) {
 void CloseTopic(MainForm& main) {
     EditorState& editor = main.editor;
     editor.main_path.clear();
-    editor.temp_path.clear();
-    main.Source1.SetText({});
-    main.DHTMLEdit1.NewDocument("There is no topic to show.");
+    CloseDocument(main, "There is no topic to show.");
     WindowControls& window = main.window;
     for (TextBox* edit : {&window.EditTitle, &window.EditAlias, &window.EditInteger}) {
         edit->Text = std::string();
@@ -74,6 +74,24 @@ void DeleteTopicFile(MainForm& main, const std::string& path) {
     if (main.files.DeleteFile(path)) return;
     throw RuntimeError(main.files.FileExists(path) ? run_time_error::kPermissionDenied
                                                    : run_time_error::kFileNotFound);
+}
+
+/// What is not saved yet would go with the row of a topic whose file stays: it goes into the file
+/// or away, as the user says. False if the topic is to stay.
+bool SettleUnsavedChanges(MainForm& main, ListRow& row, bool is_open) {
+    if (is_open && IsDocumentEdited(main) && !SetDirty(main)) return false;
+    if (HasUnsavedCopy(main, row)) {
+        const Message question = {
+            main.files.NativePath(row.SubItems(topic_cell::kFullPath)) +
+                " has changes that are not saved yet. The file stays where it is when the topic "
+                "is removed from the project.\r\n\r\nDo you want to save the changes in it?",
+            main.settings.APP_NAME, MessageButtons::kYesNoCancel, MessageIcon::kExclamation};
+        const MessageAnswer answer = main.screen.ShowMessage(question);
+        if (answer == MessageAnswer::kYes) return SaveTopic(main, row);
+        if (answer != MessageAnswer::kNo) return false;
+    }
+    ForgetWorkingCopy(main, row);
+    return true;
 }
 
 }  // namespace
@@ -108,15 +126,18 @@ ListRow& AddTopic(MainForm& main, std::string_view title, std::string_view path,
 }
 
 void RemoveTopic(MainForm& main, bool delete_file) {
-    const ListRow* row = main.topics.ListTopics.SelectedItem();
+    ListRow* row = main.topics.ListTopics.SelectedItem();
     if (row == nullptr) return;
     const Trap trap(main.log, "MainForm RemoveTopic: ");
     const std::string path = row->SubItems(topic_cell::kFullPath);
+    const bool was_open = EqualsIgnoringCase(path, TopicPath(main.editor.main_path));
+    if (!delete_file && !SettleUnsavedChanges(main, *row, was_open)) return;
+    // Nothing of it may be left that opening the next one would put into its file.
+    if (was_open) CloseDocument(main, "There is no topic to show.");
     const std::string keywords = row->SubItems(topic_cell::kKeywords);
     trap([&] { DeleteKeywords(main, keywords, path); });
     trap([&] { RemoveNodes(main.contents, path); });
     RemoveRow(main.topics, *row);
-    const bool was_open = EqualsIgnoringCase(path, TopicPath(main.editor.main_path));
     if (was_open) trap([&] { LeaveRemovedTopic(main); });
     main.project.project_dirty = true;
     if (!delete_file) return;

@@ -6,6 +6,9 @@
 
 namespace quorrel {
 
+class ListRow;
+struct MainForm;
+
 inline constexpr std::string_view kWorkingCopy = ".tmp.htm";
 
 [[nodiscard]] inline bool IsWorkingCopy(std::string_view path) {
@@ -21,5 +24,12 @@ inline constexpr std::string_view kWorkingCopy = ".tmp.htm";
     if (!IsWorkingCopy(path)) copy += kWorkingCopy;
     return copy;
 }
+
+/// Whether the flagged working copy of a topic's row says anything that its file does not.
+[[nodiscard]] bool HasUnsavedCopy(MainForm& main, const ListRow& row);
+
+/// Deletes the working copy of a topic that has no changes to be saved any longer, or none that
+/// anybody wants, and its flag.
+void ForgetWorkingCopy(MainForm& main, ListRow& row);
 
 }  // namespace quorrel

@@ -5,6 +5,8 @@
 #include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QScrollBar>
+#include <QTextBlock>
 #include <QVBoxLayout>
 
 #include "ui/html_highlighter.hpp"
@@ -58,6 +60,32 @@ void SourceView::SetText(std::string_view text) {
         if (editor_->isVisible()) LayOut();
     }
     if (Change) Change();
+}
+
+void SourceView::ReplaceText(std::string_view text) {
+    if (editor_.isNull() || !editor_->isVisible()) return SetText(text);
+    QTextCursor caret = editor_->textCursor();
+    const int line = caret.blockNumber();
+    const int column = caret.positionInBlock();
+    const QString behind = caret.block().text().mid(column);
+    const int top = editor_->verticalScrollBar()->value();
+    SetText(text);
+    const QTextBlock block = editor_->document()->findBlockByNumber(line);
+    const QString now = block.isValid() ? block.text() : QString();
+    // What has changed in the line stands before the caret as a rule.
+    const bool is_behind_same = now.endsWith(behind);
+    const auto place =
+        is_behind_same ? now.size() - behind.size() : qMin<qsizetype>(column, now.size());
+    caret = QTextCursor(block.isValid() ? block : editor_->document()->lastBlock());
+    caret.setPosition(caret.position() + static_cast<int>(place));
+    editor_->setTextCursor(caret);
+    editor_->verticalScrollBar()->setValue(top);
+}
+
+void SourceView::SetReadOnly(bool on) {
+    if (editor_.isNull()) return;
+    editor_->setReadOnly(on);
+    editor_->setPlaceholderText(on ? "There is no document to show." : QString());
 }
 
 void SourceView::LayOut() {

@@ -26,6 +26,8 @@ class SourceView : public QObject, public SourceEdit {
 
     std::string Text() const override;
     void SetText(std::string_view text) override;
+    void ReplaceText(std::string_view text) override;
+    void SetReadOnly(bool on) override;
     void SetFocus() override;
     /// While the find bar has the focus these work on its line.
     void Cut() override;

@@ -245,7 +245,11 @@ void WebSurface::NewDocument(std::string_view why) {
     load_timer_.stop();
     url_.clear();
     busy_ = false;
-    if (!page_.isNull()) page_->Show(BlankUrl());
+    if (!page_.isNull()) {
+        // Nobody types into what is not shown.
+        page_->settings()->setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
+        page_->Show(BlankUrl());
+    }
     ShowHint(ToQt(why));
 }
 

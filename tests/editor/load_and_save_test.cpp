@@ -3,10 +3,14 @@
 
 #include <string>
 
+#include "editor/document_text.hpp"
 #include "editor/load_file.hpp"
 #include "editor/object_mask.hpp"
 #include "editor/save_html.hpp"
+#include "editor/surface_events.hpp"
+#include "project/open_project.hpp"
 #include "project/save_project.hpp"
+#include "project/topic_properties.hpp"
 #include "support/recording_services.hpp"
 
 namespace quorrel {
@@ -186,18 +190,135 @@ TEST_F(LoadAndSave, ATopicThatCannotBePutAwayStaysOpen) {
     EXPECT_EQ(main.topics.ListTopics.SelectedItem()->Text(), "Ay");
 }
 
-TEST_F(LoadAndSave, AnExternalEditorGetsTheTopic) {
-    test::Calls calls;
-    test::RecordingShell recording(calls);
-    MainForm form({files, screen, surface, source, browser, recording}, folder.Windows("settings"),
-                  MachineCodePage{});
-    form.settings.use_ext_editor = true;
-    form.settings.ext_editor = "/opt/my editor/run";
-    form.editor.new_main_path = folder.Windows("p/a.htm");
-    LoadFile(form);
-    EXPECT_EQ(calls, test::Calls{"shell /opt/my editor/run \"" + folder.Windows("p/a.htm") + "\""});
-    EXPECT_EQ(form.editor.main_path, folder.Windows("p/a.htm"));
-    EXPECT_EQ(surface.DocumentHTML(), "");
+TEST_F(LoadAndSave, APageThatIsNoTopicIsWrittenOnlyIfEdited) {
+    const std::string page = "<body>a page with <object></object> and a link</body>\n";
+    folder.Write("p/page.htm", page);
+    folder.Write("p/a.htm", "<body>topic a, which is long enough");
+    Start();
+    Load("page.htm");
+    EXPECT_FALSE(surface.IsDirty()) << "masked tags are no edit";
+    FileSave_Click(main);
+    EXPECT_FALSE(folder.Exists("p/page.htm.tmp.htm"));
+    TabStrip& tabs = main.window.TabStrip2;
+    tabs.SelectedIndex = right_tab::kSource;
+    tabs.SelectedIndex = right_tab::kPreview;
+    Load("b.htm");
+    EXPECT_EQ(folder.Read("p/page.htm"), page);
+    Load("page.htm");
+    surface.SetDocumentHTML("<body>edited, with <!OBJECT><!/OBJECT>");
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("p/page.htm"), "<body>edited, with <OBJECT></OBJECT>");
+    EXPECT_FALSE(folder.Exists("p/page.htm.tmp.htm"));
+
+    // One that could not be put in its place is still to be saved.
+    surface.SetDocumentHTML("<body>x");
+    for (int i = 0; i < 2; ++i) {
+        screen.ExpectMessage(TooShort("p/page.htm"));
+        FileSave_Click(main);
+    }
+    EXPECT_EQ(folder.Read("p/page.htm"), "<body>edited, with <OBJECT></OBJECT>");
+}
+
+TEST_F(LoadAndSave, WhatTheContentsNameAndIsNotThereIsNotMade) {
+    const std::string item =
+        "<LI><OBJECT type=\"text/sitemap\">\r\n<param name=\"Name\" "
+        "value=\"A\">\r\n<param name=\"Local\" value=\"";
+    for (const std::string dead : {"gone.htm", "gone\\gone.htm", "a.htm"}) {
+        folder.Write("p/guide.hhc", "<UL>\r\n" + item + dead + "\">\r\n</OBJECT>\r\n</UL>\r\n");
+        files.DeleteFile(folder.Windows("p/a.htm"));
+        Start();
+        EXPECT_EQ(main.editor.main_path, folder.Windows("p") + "\\" + dead);
+        log_lines.clear();
+        FileSave_Click(main);
+        EXPECT_EQ(log_lines, std::vector<std::string>{}) << dead;
+        for (const char* file :
+             {"p/gone.htm", "p/gone.htm.tmp.htm", "p/a.htm", "p/a.htm.tmp.htm"}) {
+            EXPECT_FALSE(folder.Exists(file)) << dead << file;
+        }
+    }
+}
+
+TEST_F(LoadAndSave, ACopyIsMadeOfWhatTheAuthorSeesAndTheDocumentKeepsItsFile) {
+    folder.Write("p/a.htm", "<body>topic a <OBJECT></OBJECT>");
+    folder.Write("copy/other.htm", "");
+    Start();
+    Load("b.htm");
+    surface.SetDocumentHTML("<body>b, edited and not saved");
+    Load("a.htm");
+    main.window.TabStrip2.SelectedIndex = right_tab::kSource;
+    source.SetText("<body>typed <!OBJECT><!/OBJECT> <object></object>");
+    bool ok = false;
+    for (const char* target : {"copy/c.htm", "p/b.htm"}) {
+        screen.ExpectFileDialog(folder.Windows(target));
+        SaveDocument(main, true, ok);
+        EXPECT_TRUE(ok);
+        EXPECT_EQ(folder.Read(target), "<body>typed <OBJECT></OBJECT> <OBJECT></OBJECT>");
+    }
+    source.SetText("<body>typed later, behind the copy");
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("p/a.htm"), "<body>typed later, behind the copy");
+    EXPECT_EQ(folder.Read("copy/c.htm"), "<body>typed <OBJECT></OBJECT> <OBJECT></OBJECT>");
+    EXPECT_EQ(folder.Read("p/b.htm"), "<body>typed <OBJECT></OBJECT> <OBJECT></OBJECT>")
+        << "the edits that it had are not saved over it";
+}
+
+class InTheSourceView : public LoadAndSave {
+  protected:
+    void SetUp() override {
+        LoadAndSave::SetUp();
+        folder.Write("q/other.hhp", "[OPTIONS]\r\nTitle=Other\r\n\r\n[FILES]\r\nc.htm\r\n\r\n");
+        folder.Write("q/c.htm", "<title>See</title><body>topic c");
+        folder.Write("q/other.hhc",
+                     "<UL>\r\n<LI><OBJECT type=\"text/sitemap\">\r\n<param name=\"Name\" "
+                     "value=\"C\">\r\n<param name=\"Local\" value=\"c.htm\">\r\n</OBJECT>\r\n"
+                     "</UL>\r\n");
+        folder.Write("q/empty.hhp", "[OPTIONS]\r\nTitle=Empty\r\n");
+        Start();
+        Load("a.htm");
+        Show(right_tab::kSource);
+    }
+    void Show(int tab) { main.window.TabStrip2.SelectedIndex = tab; }
+    void OpenOther(const std::string& project) {
+        main.project.recent_proj = folder.Windows(project);
+        OpenProject_Click(main);
+    }
+};
+
+TEST_F(InTheSourceView, AnotherProjectIsShownThereAndTakesItsEdits) {
+    FileSave_Click(main);
+    OpenOther("q/other.hhp");
+    EXPECT_EQ(source.Text(), "<title>See</title><body>topic c");
+    EXPECT_FALSE(source.is_read_only);
+    source.SetText("<title>See</title><body>topic c, edited");
+    Show(right_tab::kNormal);
+    EXPECT_EQ(surface.DocumentHTML(), "<title>See</title><body>topic c, edited");
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("q/c.htm"), "<title>See</title><body>topic c, edited");
+
+    Show(right_tab::kSource);
+    OpenOther("q/empty.hhp");
+    EXPECT_EQ(source.Text(), "") << "nothing of the project before";
+    EXPECT_TRUE(source.is_read_only) << "there is no file for what could be typed";
+}
+
+TEST_F(InTheSourceView, WhatIsTypedAfterASaveIsNotReplacedLater) {
+    source.SetText("<body>typed and <object></object> saved");
+    FileSave_Click(main);
+    EXPECT_EQ(folder.Read("p/a.htm"), "<body>typed and <OBJECT></OBJECT> saved");
+    EXPECT_EQ(source.Text(), "<body>typed and <!OBJECT><!/OBJECT> saved");
+    EXPECT_EQ(PromptSaveChanges(main), save_prompt::kNotNeeded);
+    const std::string later = "<body>typed and <!OBJECT><!/OBJECT> saved, and more";
+    source.SetText(later);
+    DHTMLEdit1_DocumentComplete(main);
+    EXPECT_EQ(source.Text(), later);
+    EXPECT_TRUE(main.editor.ActiveDirty);
+    // A document that a routine changes is the author's text with that change.
+    SetDocumentTitle(main, "none");
+    source.SetText("<title>Ay</title><body>more");
+    SetDocumentTitle(main, "Bee");
+    EXPECT_EQ(source.Text(), "<title>Bee</title><body>more");
+    Show(right_tab::kNormal);
+    EXPECT_EQ(surface.DocumentHTML(), "<title>Bee</title><body>more");
 }
 
 }  // namespace

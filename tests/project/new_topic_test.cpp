@@ -1,6 +1,7 @@
 #include "project/new_topic.hpp"
 
 #include "app/commands.hpp"
+#include "app/startup.hpp"
 #include "contents/node_data.hpp"
 #include "contents/open_contents_item.hpp"
 #include "project/form_new_folder.hpp"
@@ -131,6 +132,33 @@ TEST_F(NewTopic, ATemplateKeepsTheMarkAndIsEditedAtOnce) {
     EXPECT_EQ(folder.Read("inst/Topic Templates/htmlhelp/Mine.htm"),
               "<title>[TITLE]</title><body>edited");
     EXPECT_EQ(main.editor.new_topic_template, "False");
+}
+
+TEST_F(NewTopic, ATemplateIsOneUntilItIsLeft) {
+    const std::string mine = "inst/Topic Templates/htmlhelp/Mine.htm";
+    OpenDemo();
+    SelectAndOpen("first.htm");
+    main.window.EditAlias.Text = std::string("IDH_FIRST");
+    InNewTopic([&](FormNewTopic& form) {
+        form.EditFile.Text = std::string("Mine");
+        form.OkCmd_Click();
+    });
+    newtemplate_Click(main);
+    EXPECT_EQ(Topic("first.htm").SubItems(topic_cell::kMapId), "IDH_FIRST");
+    main.window.TabStrip2.SelectedIndex = right_tab::kSource;
+    source.SetText("<title>[TITLE]</title><body>typed in the source");
+    screen.ExpectMessage(
+        "The current project has been modified.\r\n\r\nDo you want to save changes?",
+        MessageAnswer::kYes);
+    EXPECT_TRUE(Form_QueryUnload(main));
+    EXPECT_EQ(folder.Read(mine), "<title>[TITLE]</title><body>typed in the source");
+
+    // It has been saved, so nothing is asked; what is edited next is a topic.
+    SelectAndOpen("first.htm");
+    surface.SetDocumentHTML("<title>First</title><body>edited");
+    SelectAndOpen("html\\second.htm");
+    EXPECT_EQ(folder.Read("demo/first.htm.tmp.htm"), "<title>First</title><body>edited");
+    EXPECT_EQ(folder.Read(mine), "<title>[TITLE]</title><body>typed in the source");
 }
 
 TEST_F(NewTopic, TakesItsPlaceInTheContents) {

@@ -1,6 +1,7 @@
 #include "app/commands.hpp"
 #include "contents/keyword_store.hpp"
 #include "contents/node_data.hpp"
+#include "editor/document_text.hpp"
 #include "project/open_topic.hpp"
 #include "project/save_project.hpp"
 #include "project/topic_list.hpp"
@@ -73,6 +74,43 @@ TEST_F(RemovedTopic, GivesWayToTheNextOne) {
     EXPECT_EQ(log_lines, std::vector<std::string>{});
     RemoveTopic(main, true);
     EXPECT_FALSE(RunCommand(main, "poplstdelete"));
+}
+
+TEST_F(RemovedTopic, UnsavedChangesGoIntoTheFileOnlyIfTheAuthorSaysSo) {
+    const std::string text = "<title>Second</title><body>edited and not saved";
+    const std::string file = "demo/html/second.htm";
+    const std::string before = folder.Read(file);
+    const std::string question =
+        folder.Native(file) +
+        " has changes that are not saved yet. The file stays where it is when the topic is removed "
+        "from the project.\r\n\r\nDo you want to save the changes in it?";
+    for (const auto answer : {MessageAnswer::kCancel, MessageAnswer::kNo, MessageAnswer::kYes}) {
+        for (const bool is_open : {true, false}) {
+            folder.Write(file, before);
+            OpenDemo();
+            SelectAndOpen("html\\second.htm");
+            surface.SetDocumentHTML(text);
+            if (!is_open) SelectAndOpen("first.htm");
+            Topics().Select(&Topic("html\\second.htm"));
+            screen.ExpectMessage(question, answer);
+            RemoveTopic(main, false);
+            const bool stays = answer == MessageAnswer::kCancel;
+            EXPECT_EQ(Topics().Count(), stays ? 2 : 1);
+            EXPECT_EQ(folder.Read(file), answer == MessageAnswer::kYes ? text : before);
+            EXPECT_EQ(folder.Exists(file + ".tmp.htm"), stays);
+            main.project.project_dirty = main.editor.ActiveDirty = false;
+            CloseDocument(main, "");
+            files.DeleteFile(folder.Windows(file + ".tmp.htm"));
+        }
+    }
+    // With its file the changes go too.
+    folder.Write(file, before);
+    OpenDemo();
+    SelectAndOpen("html\\second.htm");
+    surface.SetDocumentHTML(text);
+    RemoveTopic(main, true);
+    EXPECT_FALSE(folder.Exists(file));
+    EXPECT_FALSE(folder.Exists(file + ".tmp.htm"));
 }
 
 TEST_F(RemovedTopic, AFileThatIsGoneIsLogged) {

@@ -74,6 +74,7 @@ TEST_F(SaveProjectTest, ACopyOfNoMoreThanAnEmptyPageIsNotTaken) {
         const std::string text(size, 'x');
         Edit(text);
         if (!topic_exists) files.DeleteFile(folder.Windows("p/a.htm"));
+        if (!is_taken) screen.ExpectMessage(TooShort("p/a.htm"));
         FileSave_Click(main);
         EXPECT_EQ(folder.Read("p/a.htm") == text, is_taken) << size;
         EXPECT_EQ(folder.Exists("p/a.htm.tmp.htm"), !is_taken) << size;

@@ -26,6 +26,9 @@ class ProjectFixture : public testing::Test {
     /// Starts the edition and opens the project file of this name in the scratch folder.
     void Open(std::string_view name, std::string_view edition = "html");
 
+    /// The message about a document that was not saved because there is next to nothing in it.
+    [[nodiscard]] std::string TooShort(std::string_view file) const;
+
     ScratchFolder folder;
     NativeFileSystem files;
     PlainSurface surface{files};

@@ -1,7 +1,9 @@
 // The whole road in the window: open, edit on the surface and in the source, save, open again.
 #include <QAction>
+#include <QApplication>
 #include <QTabBar>
 #include <QTest>
+#include <QTextBlock>
 #include <QWebEngineView>
 
 #include "ui/source_editor.hpp"
@@ -92,6 +94,82 @@ TEST_F(EditRoad, ClosingAsksAndAPreviewShowsTheEditedText) {
     EXPECT_TRUE(run->window.close());
     EXPECT_FALSE(folder.Exists("demo & more/html/first.htm.tmp.htm"));
     EXPECT_EQ(folder.Read("demo & more/html/first.htm").find("edited"), std::string::npos);
+}
+
+class SourceRoad : public EditRoad {
+  protected:
+    void SetUp() override {
+        WriteProject();
+        folder.Write("demo & more/html/first.htm",
+                     "<title>Zebra</title>\r\n<OBJECT type=x>\r\n<PARAM name=a></OBJECT>\r\n"
+                     "<p>last line</p>\r\n");
+        OpenFirst();
+        ASSERT_TRUE(TopicShows("last line"));
+        run->window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&run->window));
+        ClickTab(right_tab::kSource);
+        editor = Find<SourceEditor>("Source1");
+        surface_complete = run->surface.DocumentComplete;
+        run->surface.DocumentComplete = [this] {
+            surface_complete();
+            ++completed;
+        };
+    }
+    /// As the author does, to whatever has the keyboard.
+    static void Type(const QString& text) {
+        ASSERT_NE(QApplication::focusWidget(), nullptr);
+        QTest::keyClicks(QApplication::focusWidget(), text);
+    }
+
+    SourceEditor* editor = nullptr;
+    std::function<void()> surface_complete;
+    int completed = 0;
+};
+
+TEST_F(SourceRoad, TypingGoesOnThroughASave) {
+    ASSERT_TRUE(QTest::qWaitFor([&] { return editor->hasFocus(); }, 5000));
+    editor->find("last");
+    QString typed;
+    for (const char* const text : {"one ", "<object></object> ", "two "}) {
+        completed = 0;
+        Type(text);
+        Find<QAction>("FileSave")->trigger();
+        Type("more ");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return completed > 0; }, 20000));
+        Type("then ");
+    }
+    const QString line = editor->textCursor().block().text();
+    EXPECT_EQ(line.toStdString(),
+              "<p>one more then <object></object> more then two more then  line</p>");
+    EXPECT_EQ(editor->textCursor().positionInBlock(), line.indexOf(" line</p>"));
+    Find<QAction>("FileSave")->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return completed > 1; }, 20000));
+    const QString masked = editor->textCursor().block().text();
+    EXPECT_TRUE(masked.contains("<!OBJECT><!/OBJECT> more")) << masked.toStdString();
+    EXPECT_EQ(editor->textCursor().positionInBlock(), masked.indexOf(" line</p>"));
+    EXPECT_EQ(folder.Read("demo & more/html/first.htm"),
+              "<title>Zebra</title>\r\n<OBJECT type=x>\r\n<PARAM name=a></OBJECT>\r\n<p>one more "
+              "then <OBJECT></OBJECT> more then two more then  line</p>\r\n");
+}
+
+TEST_F(SourceRoad, AnotherProjectIsEditedWhereItIsSeen) {
+    folder.Write("other/other.hhp", "[OPTIONS]\r\nTitle=Other\r\n\r\n[FILES]\r\nc.htm\r\n\r\n");
+    folder.Write("other/c.htm", "<title>See</title><body>other body</body>");
+    folder.Write("other/other.hhc",
+                 "<UL>\r\n<LI><OBJECT type=\"text/sitemap\">\r\n<param name=\"Name\" value=\"C\">"
+                 "\r\n<param name=\"Local\" value=\"c.htm\">\r\n</OBJECT>\r\n</UL>\r\n");
+    Main().project.recent_proj = folder.Windows("other/other.hhp");
+    completed = 0;
+    Find<QAction>("OpenProject")->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return completed > 0; }, 20000));
+    EXPECT_TRUE(editor->isVisible());
+    Type("<!-- typed -->");
+    EXPECT_EQ(editor->toPlainText().toStdString(),
+              "<!-- typed --><title>See</title><body>other body</body>");
+    ClickTab(right_tab::kNormal);
+    ASSERT_TRUE(TopicShows("other body"));
+    EXPECT_EQ(run->surface.DocumentHTML(),
+              "<!-- typed --><title>See</title><body>other body</body>");
 }
 
 }  // namespace
