@@ -15,6 +15,7 @@ static void ShowOpenTopic(MainForm& main) {
 
 FormSettings::FormSettings(MainForm& main) : main_(main) {
     EditEditorPath.Text = main.settings.ext_editor;
+    EditEditorPath.max_length = kProfileValueLimit;
     CheckExtEditor.Value = main.settings.use_ext_editor;
 }
 

@@ -17,6 +17,7 @@
 #include "platform/text.hpp"
 #include "project/open_project.hpp"
 #include "project/save_project.hpp"
+#include "project/side_files.hpp"
 
 namespace quorrel {
 namespace {
@@ -132,6 +133,7 @@ void FillFixedLists(MainForm& main) {
         window.ComboStatus.AddItem(status);
     }
     window.ComboStatus.ListIndex = 0;
+    window.TextNotes.max_length = kNotesLimit;
     window.progress.Visible = false;
     for (ComboBox* box : {&window.FontCombo, &window.FontSizeCombo, &window.ComboStyle}) {
         box->ListIndex = 0;

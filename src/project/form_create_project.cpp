@@ -17,6 +17,7 @@ FormCreateProject::FormCreateProject(MainForm& main) : main_(main) {
         std::string(javahelp ? "JavaHelp HelpSet (.hs) File" : "Help Project (.hhp) File");
     LabelTitle.Caption = std::string(javahelp ? "HelpSet Title" : "Help Project Title");
     Command1.Caption = std::string("Select >>");
+    if (!javahelp) EditTitle.max_length = kProfileValueLimit;
     OKButton.Enabled = false;
     EditProject.changed.Connect([this] { OKButton.Enabled = !EditProject.Text().empty(); });
 }

@@ -279,6 +279,10 @@ void FormNewTopic::RememberPrefix() {
     const std::string prefix = PrefixOf(ComboPrefix);
     if (!prefix.empty() && !Contains(prefix_list_, prefix)) {
         prefix_list_ += prefix + ",";
+        // The oldest ones give way to what can be read again.
+        while (CountCharacters(prefix_list_) > kProfileValueLimit) {
+            prefix_list_.erase(0, prefix_list_.find(',') + 1);
+        }
         SetProj(main_, kSettings, {{std::string(kPrefixList), prefix_list_}});
     }
     main_.project.last_new_prefix = ComboPrefix.Text();

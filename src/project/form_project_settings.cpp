@@ -32,6 +32,7 @@ FormProjectSettings::FormProjectSettings(MainForm& main)
     : tbsOptions(PageCaptions(main.settings.is_javahelp_edition)), main_(main) {
     LoadCaptions();
     LoadFields();
+    LimitFields();
     LoadImages();
     const int last = HasImages() ? options_page::kImages : options_page::kTools;
     tbsOptions.SelectedIndex = std::clamp(main.project.ProjSettingsTab, options_page::kFiles, last);
@@ -82,6 +83,18 @@ void FormProjectSettings::OfferMapIds() {
     }
     std::sort(ids.begin(), ids.end());
     for (std::string& id : ids) EditHomeID.AddItem(std::move(id));
+}
+
+/// What is read as a single value of the .prj, the settings or the .hhp can be no longer.
+void FormProjectSettings::LimitFields() {
+    for (TextBox* edit :
+         {&EditHTMLDir, &EditImageDir, &EditViewerPath, &EditIndexerpath, &EditJARPath}) {
+        edit->max_length = kProfileValueLimit;
+    }
+    if (main_.settings.is_javahelp_edition) return;
+    for (TextBox* edit : {&EditTOCFile, &EditIndexFile, &EditTitle}) {
+        edit->max_length = kProfileValueLimit;
+    }
 }
 
 void FormProjectSettings::LoadImages() {

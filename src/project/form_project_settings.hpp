@@ -74,6 +74,7 @@ class FormProjectSettings : public Form {
     void LoadCaptions();
     void LoadFields();
     void OfferMapIds();
+    void LimitFields();
     void LoadImages();
     /// Marks the project to be saved if its files have to be written anew.
     void NoteChange();

@@ -22,6 +22,14 @@ std::string StatusKey(MainForm& main) {
     return std::string(AfterLast(main.editor.main_path, '\\'));
 }
 
+/// What the fields say as the status file has it; nothing for a topic without a status or notes.
+std::string ShownStatus(const WindowControls& window) {
+    const std::string& notes = window.TextNotes.Text;
+    const int status = window.ComboStatus.ListIndex;
+    if (notes.empty() && status < 1) return {};
+    return std::to_string(status) + "," + ReplaceAll(notes, kLineEnd, kLineMark);
+}
+
 void LogNotWritten(MainForm& main, std::string_view file) {
     main.log.Write("MainForm SetProj: ", run_time_error::kPathFileAccess,
                    main.files.NativePath(file) + " could not be written");
@@ -93,15 +101,14 @@ void GetStatusNotes(MainForm& main) {
 bool SetStatusNotes(MainForm& main) {
     const std::string key = StatusKey(main);
     const std::string& file = main.project.status_file;
-    const std::string& notes = main.window.TextNotes.Text;
-    const int status = main.window.ComboStatus.ListIndex;
-    std::string value;
-    if (!notes.empty() || status >= 1) {
-        value = std::to_string(status) + "," + ReplaceAll(notes, kLineEnd, kLineMark);
-    } else if (main.profiles.Get(file, kStatusSection, key, "", 1).empty()) {
-        return true;  // a missing entry is not made; one that exists is emptied and keeps its line
-    }
-    if (main.profiles.Set(file, kStatusSection, {{key, value}})) return true;
+    const std::string stored = main.profiles.Get(file, kStatusSection, key, "", npos);
+    const std::string_view shown = FirstCharacters(stored, kStatusLimit);
+    const std::string value = ShownStatus(main.window);
+    if (value == shown) return true;
+    // An entry from elsewhere may be longer than the fields show: the rest stays behind them.
+    const std::string rest = stored.substr(shown.size());
+    const std::string start = value.empty() && !rest.empty() ? "0," : value;
+    if (main.profiles.Set(file, kStatusSection, {{key, start + rest}})) return true;
     LogNotWritten(main, file);
     return false;
 }

@@ -14,6 +14,8 @@ struct MainForm;
 
 /// The characters that a status and its notes can have together.
 inline constexpr std::size_t kStatusLimit = 2999;
+/// Those of the notes, behind a status of one digit and its comma. A line end counts as two.
+inline constexpr std::size_t kNotesLimit = kStatusLimit - 2;
 
 /// The project's own ".prj". A value of more than 299 characters is cut on reading.
 [[nodiscard]] std::string GetProj(const MainForm& main, std::string_view section,

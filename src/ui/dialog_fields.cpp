@@ -10,6 +10,7 @@
 
 #include "ui/listen.hpp"
 #include "ui/qt_text.hpp"
+#include "ui/text_limit.hpp"
 
 namespace quorrel {
 namespace {
@@ -55,6 +56,8 @@ QLineEdit* MakePathEdit(const char* name, TextBox& control, PathForms forms) {
     edit->setObjectName(name);
     edit->setReadOnly(control.Locked());
     FollowControl(edit, control);
+    LimitLength(edit, control,
+                [forms](const QString& text) { return forms.windows(FromQt(text)); });
     const auto show = [edit, &control, forms] {
         const QString text = ToQt(forms.native(control.Text()));
         // What is being typed stays as it is while it means the same path.

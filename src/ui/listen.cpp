@@ -3,6 +3,7 @@
 #include <QSignalBlocker>
 
 #include "ui/qt_text.hpp"
+#include "ui/text_limit.hpp"
 
 namespace quorrel {
 
@@ -39,6 +40,7 @@ void FollowCheckBox(QAbstractButton* box, CheckBox& control) {
 
 void FollowTextBox(QLineEdit* edit, TextBox& control) {
     FollowControl(edit, control);
+    LimitLength(edit, control, FromQt);
     const auto show = [edit, &control] {
         const QString text = ToQt(control.Text());
         // Setting an equal text would move the cursor under the user's hands.

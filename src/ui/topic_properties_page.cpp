@@ -20,6 +20,7 @@
 #include "ui/keys_list.hpp"
 #include "ui/listen.hpp"
 #include "ui/qt_text.hpp"
+#include "ui/text_limit.hpp"
 
 namespace quorrel {
 namespace {
@@ -106,6 +107,7 @@ QWidget* TopicPropertiesPage::MakeStatusGroup() {
     notes_->setTabChangesFocus(true);
     notes_->setPlaceholderText("What remains to be done here");
     form->addRow(MakeLabel("&Notes:", notes_), notes_);
+    LimitLength(notes_, main_.window.TextNotes);
     FollowNotes();
     return group;
 }

@@ -272,7 +272,7 @@ class InTheSourceView : public LoadAndSave {
                      "<UL>\r\n<LI><OBJECT type=\"text/sitemap\">\r\n<param name=\"Name\" "
                      "value=\"C\">\r\n<param name=\"Local\" value=\"c.htm\">\r\n</OBJECT>\r\n"
                      "</UL>\r\n");
-        folder.Write("q/empty.hhp", "[OPTIONS]\r\nTitle=Empty\r\n");
+        folder.Write("q/empty.hhp", "[OPTIONS]\r\nTitle=Empty\r\n\r\n[FILES]\r\n\r\n");
         Start();
         Load("a.htm");
         Show(right_tab::kSource);

@@ -55,6 +55,24 @@ TEST_F(SideFiles, ALongNoteIsCutAndItsToolTipShortened) {
     EXPECT_EQ(shown.tip, std::string(200, 'n') + "...");
 }
 
+TEST_F(SideFiles, WhatTheFieldsCannotShowStays) {
+    const std::string letters(kNotesLimit, 'n');
+    Store("1," + letters + "|| more");
+    const std::string whole = folder.Read("p/guide.stn");
+    EXPECT_EQ(Get().notes, letters);
+    EXPECT_TRUE(SetStatusNotes(main));
+    EXPECT_EQ(folder.Read("p/guide.stn"), whole) << "nothing was edited";
+    main.window.TextNotes.Text = std::string("done");
+    EXPECT_TRUE(SetStatusNotes(main));
+    EXPECT_EQ(Get().notes, "done\r\n more");
+    Store("1," + letters + "rest");
+    Get();
+    main.window.TextNotes.Text = std::string();
+    main.window.ComboStatus.ListIndex = 0;
+    EXPECT_TRUE(SetStatusNotes(main));
+    EXPECT_EQ(Get().notes, "rest");
+}
+
 TEST_F(SideFiles, AnEmptyStatusClearsAnEntryAndMakesNone) {
     EXPECT_TRUE(SetStatusNotes(main));
     EXPECT_FALSE(folder.Exists("p/guide.stn"));

@@ -1,6 +1,7 @@
 // The properties that every control model has.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <utility>
 
@@ -51,6 +52,7 @@ struct Control {
 struct TextBox : Control {
     Property<std::string> Text{changed};
     Property<bool> Locked{changed};  // shows its text and takes none
+    std::size_t max_length = 0;      // characters that the user can bring it to; 0 for any number
 };
 
 struct CheckBox : Control {
