@@ -231,6 +231,7 @@ void ConnectEvents(MainForm& main) {
     ShowPane(main, PaneOf(main.window.TabStrip2.SelectedIndex()));
     main.window.LabelExtEditor.Visible = false;
     main.DHTMLEdit1.DocumentComplete = [&main] { DHTMLEdit1_DocumentComplete(main); };
+    main.DHTMLEdit1.EngineLost = [&main](EngineLoss loss) { DHTMLEdit1_EngineLost(main, loss); };
     main.DHTMLEdit1.DisplayChanged = [&main] { DHTMLEdit1_DisplayChanged(main); };
     main.Source1.Change = [&main] { main.editor.ActiveDirty = main.editor.source_edited = true; };
     FollowTab(main.window.TabStrip1, [&main] {

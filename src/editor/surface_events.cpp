@@ -28,6 +28,22 @@ void LoadBlockFormats(MainForm& main) {
     main.editor.BlockFormatsLoaded = true;
 }
 
+std::string_view TextOf(EngineLoss loss) {
+    switch (loss) {
+        case EngineLoss::kNothing:
+            return "The web engine stopped and was started again. Your topic is shown as it was; "
+                   "what you did to it so far can no longer be undone.";
+        case EngineLoss::kLastWords:
+            return "The web engine stopped and was started again. Your topic is shown as it was a "
+                   "moment before: look whether the last words are there.";
+        case EngineLoss::kView:
+            return "The web engine stops whenever it shows this topic.\r\n\r\nThe text is kept "
+                   "with what you have typed. You can save it, and go on with it on the tab \"HTML "
+                   "Source\".";
+    }
+    return {};
+}
+
 }  // namespace
 
 void DHTMLEdit1_DocumentComplete(MainForm& main) {
@@ -75,6 +91,11 @@ void DHTMLEdit1_DisplayChanged(MainForm& main) {
     } catch (const RuntimeError&) {
         // The surface is gone or going; the next change tells how it stands.
     }
+}
+
+void DHTMLEdit1_EngineLost(MainForm& main, EngineLoss loss) {
+    main.screen.ShowMessage({std::string(TextOf(loss)), main.settings.APP_NAME, MessageButtons::kOk,
+                             MessageIcon::kExclamation});
 }
 
 }  // namespace quorrel

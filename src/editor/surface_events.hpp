@@ -4,6 +4,7 @@
 namespace quorrel {
 
 struct MainForm;
+enum class EngineLoss;
 
 /// A document is there: the source view follows it, or the caret comes back and the names of the
 /// block formats are read.
@@ -11,5 +12,8 @@ void DHTMLEdit1_DocumentComplete(MainForm& main);
 
 /// The selection or the document has changed: the formatting buttons and the style list follow.
 void DHTMLEdit1_DisplayChanged(MainForm& main);
+
+/// Tells the user what has become of his topic.
+void DHTMLEdit1_EngineLost(MainForm& main, EngineLoss loss);
 
 }  // namespace quorrel

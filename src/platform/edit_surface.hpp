@@ -89,6 +89,21 @@ inline constexpr int kFrameset = static_cast<int>(0x80100001);
 inline constexpr int kServerScript = static_cast<int>(0x80100002);
 }  // namespace surface_error
 
+/// What a surface has left of a document whose engine has stopped.
+enum class EngineLoss {
+    kNothing,    // it is shown again as it was
+    kLastWords,  // it is shown again as it was a moment before
+    kView,       // it cannot be shown, and DocumentHTML has its text
+};
+
+/// A document as its surface heard of it last. Where `edited` is empty `source` is its text,
+/// otherwise PreserveSource makes it of the three.
+struct DocumentCopy {
+    std::string source;
+    std::string base;
+    std::string edited;
+};
+
 /// One HTML document. Paths are Windows paths, text is UTF-8.
 class EditSurface {
   public:
@@ -110,6 +125,8 @@ class EditSurface {
     /// while Busy; afterwards the source with the edited places replaced, or, with source
     /// preservation off, the surface's own form.
     [[nodiscard]] virtual std::string DocumentHTML() const = 0;
+    /// At hand without asking an engine: at the most it lacks the last words of DocumentHTML.
+    [[nodiscard]] virtual DocumentCopy LastHeard() const = 0;
     /// Shows the text in place of the document, under the same path. Resets BaseURL, clears the
     /// history of undo, makes the document dirty; Busy until it is there.
     virtual void SetDocumentHTML(std::string_view html) = 0;
@@ -153,6 +170,8 @@ class EditSurface {
     std::function<void()> DisplayChanged;    // the selection or the document has changed
     std::function<void()> ondblclick;
     std::function<void(int x, int y)> ShowContextMenu;  // pixels of the surface
+    std::function<void()> TextHeard;                    // LastHeard gives another text
+    std::function<void(EngineLoss)> EngineLost;
 };
 
 }  // namespace quorrel

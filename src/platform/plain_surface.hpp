@@ -31,6 +31,7 @@ class PlainSurface : public EditSurface {
     void SaveDocument(std::string_view path) override;
     void DocumentSaved(std::string_view path) override;
     void NewDocument(std::string_view why) override;
+    DocumentCopy LastHeard() const override { return {DocumentHTML(), {}, {}}; }
     std::string DocumentHTML() const override { return document_->Html(); }
     void SetDocumentHTML(std::string_view html) override;
     std::string BaseURL() const override { return base_url_; }

@@ -82,7 +82,7 @@ QVariant PageCalls::Call(const char* name, const QJsonArray& arguments) {
     if (reply.isEmpty()) {
         throw RuntimeError(run_time_error::kDeviceError, "The web engine does not answer.");
     }
-    if (load == load_ && reply.contains("version")) version_ = reply.value("version").toInt();
+    if (load == load_ && reply.contains("version")) SetVersion(reply.value("version").toInt());
     if (reply.contains("error")) RaiseFrom(reply);
     return reply.value("result");
 }
@@ -90,6 +90,22 @@ QVariant PageCalls::Call(const char* name, const QJsonArray& arguments) {
 QVariant PageCalls::CallFor(int load, const char* name, const QJsonArray& arguments) {
     if (load != load_) throw RuntimeError(run_time_error::kObjectNotSet);
     return Call(name, arguments);
+}
+
+void PageCalls::SetVersion(int version) {
+    if (std::exchange(version_, version) != version) emit Edited();
+}
+
+void PageCalls::Ask(const char* name, const QJsonArray& arguments,
+                    std::function<void(const QVariant& result, int version)> take) {
+    if (load_ == 0 || page_.isNull()) return;
+    const auto answer = [self = QPointer<PageCalls>(this), load = load_,
+                         take = std::move(take)](const QVariant& given) {
+        const QVariantMap reply = given.toMap();
+        if (self.isNull() || load != self->load_ || !reply.contains("result")) return;
+        take(reply.value("result"), reply.value("version").toInt());
+    };
+    page_->runJavaScript(Code(name, arguments), QWebEngineScript::ApplicationWorld, answer);
 }
 
 void PageCalls::Post(const char* name, const QJsonArray& arguments) {

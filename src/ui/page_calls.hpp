@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QVariant>
 
+#include <functional>
 #include <vector>
 
 class QWebEnginePage;
@@ -28,6 +29,10 @@ class PageCalls : public QObject {
     QVariant Call(const char* name, const QJsonArray& arguments = {});
     /// As Call, for an object of one load: raises 91 when that is over.
     QVariant CallFor(int load, const char* name, const QJsonArray& arguments);
+    /// Calls and gives `take` the answer when it is there, with the version that it is of; never
+    /// where there is none by the end of the load.
+    void Ask(const char* name, const QJsonArray& arguments,
+             std::function<void(const QVariant& result, int version)> take);
     /// Calls without waiting. Calls keep their order.
     void Post(const char* name, const QJsonArray& arguments);
 
@@ -38,12 +43,14 @@ class PageCalls : public QObject {
     [[nodiscard]] bool IsWaiting() const { return waiting_ > 0; }
     /// The state of the content: 0 as loaded, and another number for each other state.
     [[nodiscard]] int Version() const { return version_; }
-    void SetVersion(int version) { version_ = version; }
+    void SetVersion(int version);
     /// Grows with each call that may have changed something, and with each message from the page.
     [[nodiscard]] int Count() const { return count_; }
     void NoteMessage() { ++count_; }
 
   signals:
+    /// The content has another state.
+    void Edited();
     /// Nobody waits any longer.
     void Idle();
     /// What is being waited for will not come.

@@ -12,6 +12,7 @@
 #include <QWebEngineProfile>
 #include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
+#include <algorithm>
 #include <utility>
 
 #include "editor/preserve_source.hpp"
@@ -33,6 +34,16 @@ namespace {
 constexpr qint64 kPatienceMilliseconds = 15000;
 /// A selection that is being drawn changes many times a second.
 constexpr int kDisplayMilliseconds = 50;
+
+/// Typing is heard after such a pause, and at the latest after such a time. Where hearing takes
+/// long it may take this part of the time only.
+constexpr qint64 kPauseMilliseconds = 500;
+constexpr qint64 kUnheardMilliseconds = 3000;
+constexpr qint64 kShareOfHearing = 20;
+
+/// An engine that stops that often within a minute is not started for the same document again.
+constexpr int kMostCrashes = 3;
+constexpr qint64 kCrashesInARowMilliseconds = 60000;
 
 /// The text by which a place in the document is marked for a moment.
 const QString kMarker = "QRLSEL28";
@@ -65,6 +76,8 @@ WebSurface::WebSurface(FileSystem& files)
     load_timer_.setSingleShot(true);
     load_timer_.setInterval(0);
     connect(&load_timer_, &QTimer::timeout, this, &WebSurface::StartLoad);
+    hear_timer_.setSingleShot(true);
+    connect(&hear_timer_, &QTimer::timeout, this, &WebSurface::Hear);
     display_timer_.setSingleShot(true);
     display_timer_.setInterval(kDisplayMilliseconds);
     connect(&display_timer_, &QTimer::timeout, this, [this] {
@@ -142,6 +155,7 @@ void WebSurface::ConnectPage() {
     page_->console_written = [this](const QString& text) { NoteMessage(text); };
     connect(page_, &QWebEnginePage::loadingChanged, this, &WebSurface::NoteLoading);
     connect(page_, &QWebEnginePage::renderProcessTerminated, this, &WebSurface::NoteCrash);
+    connect(calls_.get(), &PageCalls::Edited, this, &WebSurface::HearSoon);
     connect(calls_.get(), &PageCalls::Idle, this, &WebSurface::DeliverEvents, Qt::QueuedConnection);
     view_->input_seen = [this] { is_input_seen_ = true; };
     view_->may_drop = [this](const QDropEvent& event) { return MayDrop(event); };
@@ -162,6 +176,7 @@ void WebSurface::LoadDocument(std::string_view path) {
     path_ = path;
     is_set_ = false;
     is_first_look_ = true;
+    crashes_ = 0;
     bookmark_ = std::exchange(next_bookmark_, {});
     Show();
 }
@@ -176,15 +191,19 @@ void WebSurface::SetDocumentHTML(std::string_view html) {
 
 void WebSurface::Show() {
     base_url_.clear();
-    is_lost_ = false;
     saved_version_ = 0;
     html_version_ = 0;
     html_.clear();
+    heard_ = {};
+    hear_timer_.stop();
+    unheard_since_.invalidate();
+    is_shown_again_ = false;
     is_input_seen_ = false;
     if (calls_) calls_->SetLoad(0);
     ++load_;
     is_loaded_ = false;
     is_script_there_ = false;
+    tries_ = 0;
     busy_ = true;
     busy_since_.start();
     load_timer_.start();
@@ -265,32 +284,89 @@ bool WebSurface::IsReady() const {
 
 int WebSurface::Version() const {
     if (!IsReady()) return 0;
-    if (std::exchange(is_input_seen_, false)) calls_->Call("state");
+    if (!std::exchange(is_input_seen_, false)) return calls_->Version();
+    try {
+        calls_->Call("state");
+    } catch (const RuntimeError&) {
+        // Where the engine has stopped meanwhile, the document is what was heard of it.
+        if (IsReady()) throw;
+    }
     return calls_->Version();
 }
 
 std::string WebSurface::DocumentHTML() const {
-    if (is_lost_) throw RuntimeError(run_time_error::kDeviceError, "The web engine stopped.");
-    return Version() == 0 ? source_ : EditedSource();
+    if (Version() == 0) return source_;
+    try {
+        return EditedSource();
+    } catch (const RuntimeError&) {
+        if (IsReady()) throw;
+        return source_;
+    }
 }
 
 std::string WebSurface::EditedSource() const {
-    const QVariant given = calls_->Call("html", {html_version_});
-    if (given.isNull()) return html_;
-    const std::string edited = FromQt(given.toString());
-    if (!preserve_) {
-        // The engine knows one kind of line ends only.
-        const bool has_returns = source_.find("\r\n") != npos;
-        html_ = has_returns ? ReplaceAll(edited, "\n", "\r\n") : edited;
-    } else {
-        html_ = PreserveSource(source_, FromQt(calls_->Call("base").toString()), edited);
+    const QVariant given = calls_->Call("html", {heard_.version});
+    if (!given.isNull()) {
+        heard_.html = FromQt(given.toString());
+        heard_.version = calls_->Version();
     }
-    html_version_ = calls_->Version();
+    if (heard_.base.empty()) heard_.base = FromQt(calls_->Call("base").toString());
+    if (html_version_ != heard_.version) {
+        html_ = SourceOf(heard_);
+        html_version_ = heard_.version;
+    }
     return html_;
 }
 
+std::string WebSurface::SourceOf(const Heard& heard) const {
+    if (heard.version == 0) return source_;
+    if (heard.version == html_version_) return html_;
+    if (preserve_) return PreserveSource(source_, heard.base, heard.html);
+    // The engine knows one kind of line ends only.
+    const bool has_returns = source_.find("\r\n") != npos;
+    return has_returns ? ReplaceAll(heard.html, "\n", "\r\n") : heard.html;
+}
+
 bool WebSurface::IsDirty() const {
-    return is_set_ || is_lost_ || Version() != saved_version_;
+    // First: an engine that stops in answering makes the document another one.
+    const int version = Version();
+    return is_set_ || version != saved_version_;
+}
+
+// ---- Hearing what is typed
+
+void WebSurface::HearSoon() {
+    if (!unheard_since_.isValid()) unheard_since_.start();
+    const qint64 pause = std::max(kPauseMilliseconds, kShareOfHearing * hearing_takes_ / 4);
+    const qint64 latest = std::max(kUnheardMilliseconds, kShareOfHearing * hearing_takes_);
+    const qint64 left = std::max<qint64>(0, latest - unheard_since_.elapsed());
+    hear_timer_.start(static_cast<int>(std::min(pause, left)));
+}
+
+DocumentCopy WebSurface::LastHeard() const {
+    const bool is_composed = heard_.version == 0 || !preserve_;
+    if (is_composed) return {SourceOf(heard_), {}, {}};
+    return {source_, heard_.base, heard_.html};
+}
+
+void WebSurface::Hear() {
+    if (!IsReady()) return;
+    unheard_since_.invalidate();
+    QElapsedTimer asked;
+    asked.start();
+    // Not waited for: it must not hold up the typing.
+    calls_->Ask("copy", {heard_.version, heard_.base.empty()},
+                [this, asked](const QVariant& answer, int version) {
+                    const QVariantMap copy = answer.toMap();
+                    hearing_takes_ = asked.elapsed();
+                    if (heard_.base.empty()) heard_.base = FromQt(copy.value("base").toString());
+                    if (copy.value("html").isNull()) return;
+                    heard_.html = FromQt(copy.value("html").toString());
+                    heard_.version = version;
+                    Events events;
+                    events.heard = true;
+                    Raise(events);
+                });
 }
 
 bool WebSurface::Busy() const {
@@ -314,12 +390,19 @@ void WebSurface::NoteLoading(const QWebEngineLoadingInfo& info) {
     page_->runJavaScript("quorrel.load", QWebEngineScript::ApplicationWorld,
                          [this, load = load_](const QVariant& answer) {
                              if (load != load_ || !busy_) return;
-                             if (answer.toInt() == load) {
-                                 NoteReady();
-                             } else {
-                                 EndLoad();
-                             }
+                             if (answer.toInt() == load) return NoteReady();
+                             LoadAgain();
                          });
+}
+
+void WebSurface::LoadAgain() {
+    // After a crash the end of what it broke off comes under our address.
+    if (page_->isLoading()) return;
+    // A process that has just been started may show the page before it has the script.
+    constexpr int kMostTries = 3;
+    if (++tries_ >= kMostTries) return EndLoad();
+    is_loaded_ = false;
+    load_timer_.start();
 }
 
 void WebSurface::NoteMessage(const QString& text) {
@@ -352,7 +435,8 @@ void WebSurface::NoteMessage(const QString& text) {
 }
 
 void WebSurface::NoteReady() {
-    if (!busy_) return;
+    // Also where a load that seemed to have failed comes through after all.
+    if (IsReady()) return;
     calls_->SetLoad(load_);
     if (view_->hasFocus()) calls_->Post("prepare", {});
     EndLoad();
@@ -367,17 +451,33 @@ void WebSurface::EndLoad() {
         if (load != load_) return;
         if (!keys_back_to_.isNull() && !view_->isVisible()) keys_back_to_->setFocus();
         Events events;
-        events.complete = true;
+        events.complete = !is_shown_again_;
         events.display = true;
         Raise(events);
     });
 }
 
 void WebSurface::NoteCrash() {
-    is_lost_ = IsReady() && calls_->Version() != 0;
-    calls_->SetLoad(0);
-    busy_ = false;
-    ShowHint("The topic cannot be shown: the web engine stopped. Open the topic again to retry.");
+    const bool is_there = IsReady();
+    if (!is_there && !busy_) return;  // an empty page
+    const bool is_whole = !is_there || (calls_->Version() == heard_.version && !is_input_seen_);
+    is_set_ = is_set_ || (is_there && heard_.version != saved_version_);
+    source_ = SourceOf(heard_);
+    if (last_crash_.isValid() && last_crash_.hasExpired(kCrashesInARowMilliseconds)) crashes_ = 0;
+    last_crash_.start();
+    const bool was_complete = is_there || is_shown_again_;
+    Show();
+    is_shown_again_ = was_complete;
+    Events events;
+    if (++crashes_ < kMostCrashes) {
+        events.loss = is_whole ? EngineLoss::kNothing : EngineLoss::kLastWords;
+    } else {
+        load_timer_.stop();
+        busy_ = false;
+        ShowHint("The topic cannot be shown: the web engine stops each time. Its text is kept.");
+        events.loss = EngineLoss::kView;
+    }
+    Raise(events);
 }
 
 void WebSurface::FollowLink(const QUrl& url) {
@@ -390,8 +490,10 @@ void WebSurface::FollowLink(const QUrl& url) {
 void WebSurface::Raise(Events events) {
     events_.complete |= events.complete;
     events_.display |= events.display;
+    events_.heard |= events.heard;
     events_.double_click |= events.double_click;
     if (events.menu) events_.menu = events.menu;
+    if (events.loss) events_.loss = events.loss;
     if (!events.link.isEmpty()) events_.link = events.link;
     QMetaObject::invokeMethod(this, &WebSurface::DeliverEvents, Qt::QueuedConnection);
 }
@@ -403,6 +505,8 @@ void WebSurface::DeliverEvents() {
     if (events.complete && DocumentComplete) DocumentComplete();
     if (events.display && DisplayChanged) DisplayChanged();
     if (events.double_click && ondblclick) ondblclick();
+    if (events.heard && TextHeard) TextHeard();
+    if (events.loss && EngineLost) EngineLost(*events.loss);
     if (!events.link.isEmpty()) FollowLink(events.link);
     if (!events.menu) return;
     if (ShowContextMenu) {

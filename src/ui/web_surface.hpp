@@ -39,7 +39,11 @@ class TopicView;
 /// is started by the first document, so that the window is there before it.
 ///
 /// Until the document is there (Busy) it cannot be edited: nothing is selected, commands are
-/// disabled. When the engine fails, edits that it alone knew are lost, and DocumentHTML raises 57.
+/// disabled.
+///
+/// The text of an edited page is asked for after a pause in the typing, and every few seconds at
+/// the latest. When the engine's process dies the page is shown again with what was heard last;
+/// where it dies again and again that text stays, to be saved.
 class WebSurface : public QObject, public EditSurface {
     Q_OBJECT
   public:
@@ -51,6 +55,7 @@ class WebSurface : public QObject, public EditSurface {
     void DocumentSaved(std::string_view path) override;
     void NewDocument(std::string_view why) override;
     std::string DocumentHTML() const override;
+    DocumentCopy LastHeard() const override;
     void SetDocumentHTML(std::string_view html) override;
     /// Kept for the caller; the document is shown from its own path.
     std::string BaseURL() const override { return base_url_; }
@@ -110,6 +115,14 @@ class WebSurface : public QObject, public EditSurface {
         bool double_click = false;
         std::optional<QPoint> menu;
         QUrl link;
+        std::optional<EngineLoss> loss;
+        bool heard = false;
+    };
+    /// What the page gave last of its text.
+    struct Heard {
+        std::string base;  // as it was right after loading
+        std::string html;
+        int version = 0;
     };
 
     void StartEngine();
@@ -123,8 +136,12 @@ class WebSurface : public QObject, public EditSurface {
 
     void NoteLoading(const QWebEngineLoadingInfo& info);
     void NoteMessage(const QString& text);
+    void LoadAgain();
     void NoteReady();
     void NoteCrash();
+    void HearSoon();
+    void Hear();
+    [[nodiscard]] std::string SourceOf(const Heard& heard) const;
     void EndLoad();
     void FollowLink(const QUrl& url);
     void Raise(Events events);
@@ -162,11 +179,17 @@ class WebSurface : public QObject, public EditSurface {
     std::string base_url_;
     bool is_first_look_ = false;  // a file was loaded, and is not shown yet
     bool is_set_ = false;         // the text was set, and is in no file since
-    bool is_lost_ = false;        // the engine took edits with it
     int saved_version_ = 0;
-    // What the page gave for which state.
+    mutable Heard heard_;
+    // The source that was made of what was heard, for which state.
     mutable std::string html_;
     mutable int html_version_ = 0;
+    QTimer hear_timer_;
+    QElapsedTimer unheard_since_;
+    qint64 hearing_takes_ = 0;  // milliseconds
+    int crashes_ = 0;           // of this document, in a row
+    QElapsedTimer last_crash_;
+    bool is_shown_again_ = false;  // after a crash: no new document for anybody
     /// The page may have changed without having said so yet.
     mutable bool is_input_seen_ = false;
 
@@ -177,6 +200,7 @@ class WebSurface : public QObject, public EditSurface {
     QString bookmark_;
     int load_ = 0;
     bool is_loaded_ = false;
+    int tries_ = 0;
     bool is_script_there_ = false;
     bool busy_ = false;
     QElapsedTimer busy_since_;

@@ -215,23 +215,6 @@ TEST_F(Editing, DeadObjectsRaise) {
     EXPECT_EQ(NumberRaisedBy([&] { Do(4711); }), 5);
 }
 
-TEST_F(Editing, WhatTheEngineTakesWithItIsNotSavedAsTheOldText) {
-    OpenBody("<p>one</p>");
-    CaretAfter("one");
-    Range()->pasteHTML("2");
-    ::kill(static_cast<pid_t>(surface.View()->page()->renderProcessPid()), SIGKILL);
-    EXPECT_EQ(NumberRaisedBy([&] {
-                  for (int i = 0; i < 1000; ++i) (void)surface.DOM().body()->innerHTML();
-              }),
-              57);
-    ASSERT_TRUE(
-        WaitFor([&] { return surface.Widget()->findChild<QLabel*>("TopicHint")->isVisible(); }));
-    EXPECT_EQ(NumberRaisedBy([&] { (void)surface.DocumentHTML(); }), 57);
-    EXPECT_TRUE(surface.IsDirty());
-    OpenBody("<p>again</p>");
-    EXPECT_EQ(Body(), "<p>again</p>");
-}
-
 TEST_F(Editing, FiveMegabytesCanBeTypedInto) {
     const std::string paragraph = "<p>One of <b>many</b>. " + std::string(750, 'w') + "</p>\n";
     std::string body;

@@ -9,6 +9,9 @@ calls.html = (known) => {
     collectChanges();
     return known === version ? null : documentHTML();
 };
+// For the program to keep, in case that this page dies: {base, html}, either null where the program
+// has it already.
+calls.copy = (known, wantsBase) => ({base: wantsBase ? base : null, html: calls.html(known)});
 
 function applyView(wanted) {
     view = wanted;
