@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ReadAliases(aliases, fuzz::kProject, tables.ListTopics);
     ReadMapHeader(text, tables.ListTopics, next_integer);
     fuzz::Check(next_integer >= 0, "the highest number does not fall");
-    verify_map_ids(tables.ListTopics, "IDH_");
+    verify_map_ids(tables, "IDH_");
 
     // Only the numbers of known aliases are written, so the highest may be lower then.
     const std::string written = WriteMapHeader(tables.ListTopics);

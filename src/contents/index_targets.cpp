@@ -1,6 +1,7 @@
 #include "contents/index_targets.hpp"
 
 #include "contents/contents_state.hpp"
+#include "contents/keyword_spelling.hpp"
 #include "platform/text.hpp"
 
 namespace quorrel {
@@ -34,8 +35,7 @@ ListRow* SeeAlsoRow(const ListView& ListKeywords, const ListRow& row) {
     key.remove_prefix(at + kSeeAlso.size());
     key = TrimLeft(key.substr(0, key.find('>')));
     if (key.empty()) return nullptr;
-    return ListKeywords.FirstWithExactly(keyword_cell::IDX_FULLKEY,
-                                         ReplaceAll(key, ":", kSubKeyMark));
+    return KeywordShownAs(ListKeywords, key);
 }
 
 }  // namespace quorrel

@@ -1,5 +1,7 @@
 #include "contents/keyword_store.hpp"
 
+#include <algorithm>
+
 #include "app/main_form.hpp"
 #include "platform/text.hpp"
 #include "platform/unicode.hpp"
@@ -58,6 +60,28 @@ void AddKey(ListView& table, std::string_view full_key, const std::string& entry
     if (is_sub_key) AddHeadRow(table, row, key.substr(0, mark));
 }
 
+/// The length of the first target of a list. A title may hold the mark of its end, and a path
+/// follows it then.
+std::size_t FirstTarget(std::string_view targets) {
+    const std::size_t path = std::min(targets.find('>'), targets.size());
+    const std::size_t end = targets.find(kTargetEnd, path);
+    return end == npos ? targets.size() : end + kTargetEnd.size();
+}
+
+/// The target list with its titles changed. A path may well hold a title, and stays.
+std::string WithTitle(std::string_view targets, std::string_view old_title,
+                      std::string_view new_title) {
+    std::string changed;
+    while (!targets.empty()) {
+        const std::string_view target = targets.substr(0, FirstTarget(targets));
+        const std::size_t path = std::min(target.rfind('>'), target.size());
+        changed += ReplaceAll(target.substr(0, path), old_title, new_title);
+        changed += target.substr(path);
+        targets.remove_prefix(target.size());
+    }
+    return changed;
+}
+
 }  // namespace
 
 std::string StripKeyNote(std::string_view key) {
@@ -92,8 +116,7 @@ void AddToIndex(MainForm& main, std::string_view title, std::string_view path,
 
 void DeleteKeyFromIndex(KeywordState& keywords, std::string_view key, std::string_view path) {
     keywords.index_dirty = true;
-    const std::string full = ReplaceAll(key, ":", kSubKeyMark);
-    const KeyParts parts = SplitBookmark(full);
+    const KeyParts parts = SplitBookmark(key);
     const std::string target = std::string(path).append(parts.bookmark);
     const std::string stripped = StripKeyNote(parts.key);
     ListView& table = keywords.ListKeywords;
@@ -135,27 +158,16 @@ void DeleteKeyFromIndex(KeywordState& keywords, std::string_view key, std::strin
     table.Remove(position);
 }
 
-std::vector<ListRow*> KeywordsOfTopic(KeywordState& keywords, std::string_view path) {
+void RenameTitleInIndex(KeywordState& keywords, std::string_view new_title,
+                        std::string_view old_title, std::string_view path) {
     const std::string target = std::string(">").append(path);
     ListView& table = keywords.ListKeywords;
-    std::vector<ListRow*> rows;
     for (int i = 1; i <= table.Count(); ++i) {
         ListRow& row = table.At(i);
-        if (FindIgnoringCase(row.SubItems(IDX_TITLEPATH), target)) rows.push_back(&row);
-    }
-    return rows;
-}
-
-void RenameTitleInIndex(KeywordState& keywords, std::span<ListRow* const> rows,
-                        std::string_view new_title, std::string_view old_title,
-                        std::string_view path) {
-    keywords.index_dirty = true;
-    const std::string target = std::string(">").append(path);
-    for (ListRow* row : rows) {
-        const std::string& targets = row->SubItems(IDX_TITLEPATH);
-        // A title that was part of the path may have taken the path away.
+        const std::string& targets = row.SubItems(IDX_TITLEPATH);
         if (!FindIgnoringCase(targets, target)) continue;
-        row->SetSubItem(IDX_TITLEPATH, ReplaceAll(targets, old_title, new_title));
+        row.SetSubItem(IDX_TITLEPATH, WithTitle(targets, old_title, new_title));
+        keywords.index_dirty = true;
     }
 }
 

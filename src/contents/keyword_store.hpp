@@ -1,10 +1,8 @@
 // Operations on the keyword table: the only ones that change what a keyword leads to.
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "contents/contents_state.hpp"
 #include "platform/controls/list_view.hpp"
@@ -20,18 +18,13 @@ void AddToIndex(MainForm& main, std::string_view title, std::string_view path,
                 std::string_view keys);
 
 /// Removes the targets that contain `path` from one key, and the row when nothing is left. `key`
-/// has ":" alone between main key and sub-key and may carry "##" and a bookmark.
+/// is a full key, as the cells of topics have them, and may carry "##" and a bookmark.
 void DeleteKeyFromIndex(KeywordState& keywords, std::string_view key, std::string_view path);
 
-/// The rows that hold `path` in their targets. Each row of the index is looked through, so who
-/// renames under several keys asks once.
-[[nodiscard]] std::vector<ListRow*> KeywordsOfTopic(KeywordState& keywords, std::string_view path);
-
-/// Replaces `old_title` by `new_title`, wherever it stands, in the targets of `rows`, those of
-/// KeywordsOfTopic; so other topics with the same title text are renamed there as well.
-void RenameTitleInIndex(KeywordState& keywords, std::span<ListRow* const> rows,
-                        std::string_view new_title, std::string_view old_title,
-                        std::string_view path);
+/// Replaces `old_title` by `new_title`, wherever it stands in a title, in the targets of the rows
+/// that hold `path`; so other topics with the same title text are renamed there as well.
+void RenameTitleInIndex(KeywordState& keywords, std::string_view new_title,
+                        std::string_view old_title, std::string_view path);
 
 /// The identity of a key: without a note in parentheses.
 [[nodiscard]] std::string StripKeyNote(std::string_view key);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/main_form.hpp"
+#include "contents/keyword_spelling.hpp"
 #include "contents/keyword_store.hpp"
 #include "platform/text.hpp"
 
@@ -30,7 +31,7 @@ void FormSeeAlso::Command1_Click() {
     const ListView& table = main_.keywords.ListKeywords;
     const ListRow* target = table.SelectedItem();
     if (target == nullptr) return tell("You must select an index entry in the index pane.");
-    const std::string key = ReplaceAll(EditMainKey.Text(), ":", kSubKeyMark);
+    const std::string key = FullKeyOf(EditMainKey.Text());
     if (table.FirstWithExactly(keyword_cell::IDX_FULLKEY, key) != nullptr) {
         return tell("This keyword is already in the index.");
     }

@@ -5,6 +5,7 @@
 #include "app/main_form.hpp"
 #include "contents/contents_drag.hpp"
 #include "contents/key_fields.hpp"
+#include "contents/keyword_spelling.hpp"
 #include "platform/controls/follow.hpp"
 #include "platform/text.hpp"
 #include "project/topic_properties.hpp"
@@ -51,7 +52,7 @@ void CommandAddFromIndex_Click(MainForm& main) {
     if (main.topics.current_topic_index < 1 || row == nullptr) return;
     EnsurePropertiesLoaded(main);
     ListBox& list = main.window.ListKeys;
-    const std::string key = ReplaceAll(row->SubItems(keyword_cell::IDX_FULLKEY), kSubKeyMark, ":");
+    const std::string key = ShownKey(row->SubItems(keyword_cell::IDX_FULLKEY));
     const int present = list.Find(key);
     if (present >= 0) {
         list.ListIndex = present;

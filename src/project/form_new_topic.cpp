@@ -13,6 +13,7 @@
 #include "project/new_topic_file.hpp"
 #include "project/side_files.hpp"
 #include "project/topic_rows.hpp"
+#include "project/verify_map_ids.hpp"
 
 namespace quorrel {
 namespace {
@@ -267,8 +268,12 @@ std::string FormNewTopic::Keywords() const {
 }
 
 void FormNewTopic::AddToProject(const std::string& path) {
-    const ListRow& row = AddTopic(main_, EditTitle.Text(), path, Keywords(),
-                                  PrefixOf(ComboPrefix) + EditAlias.Text(), EditInteger.Text());
+    // What the test without the prefix has let through is made unique as by opening the project.
+    const std::string typed = PrefixOf(ComboPrefix) + EditAlias.Text();
+    const std::string id = typed.empty() ? MapIdFor(main_.topics, path, main_.project.Alias_Prefix)
+                                         : FreeMapId(main_.topics, typed);
+    const ListRow& row =
+        AddTopic(main_, EditTitle.Text(), path, Keywords(), id, EditInteger.Text());
     if (main_.project.common_flag == 0) return;
     main_.project.project_def_topic =
         main_.project.help_mode == 1 ? row.SubItems(topic_cell::kMapId) : path;

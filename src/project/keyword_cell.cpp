@@ -13,6 +13,15 @@ bool KeywordCells::Stands(const ListRow& topic, std::string_view cell, std::stri
     return long_cells_[&topic].Contains(cell, key);
 }
 
+std::vector<std::string> KeysOfCell(std::string_view cell) {
+    std::vector<std::string> keys;
+    for (std::size_t end = cell.find(';'); end != npos; end = cell.find(';')) {
+        keys.emplace_back(cell.substr(0, end));
+        cell.remove_prefix(end + 1);
+    }
+    return keys;
+}
+
 void KeywordCells::Append(ListRow& topic, std::string_view key) {
     if (key.empty() || Stands(topic, topic.SubItems(topic_cell::kKeywords), key)) return;
     if (!budget_.Take(key.size())) return;

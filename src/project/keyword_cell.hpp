@@ -1,14 +1,19 @@
 // The keywords cell of a topic row: full keys, each closed by ";".
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/controls/list_view.hpp"
 #include "platform/growing_text_index.hpp"
 #include "platform/text_budget.hpp"
 
 namespace quorrel {
+
+/// The keys of a cell, as they stand there; what follows the last ";" is none.
+[[nodiscard]] std::vector<std::string> KeysOfCell(std::string_view cell);
 
 /// Adds keys to the cells of a table's rows while a file is read. A key goes into a cell only if
 /// its text does not stand there already, even as a part of another key.

@@ -111,7 +111,7 @@ void ReadHtmlHelpProject(MainForm& main, const Trap& trap) {
     project.project_def_topic = Gethhp(main, "OPTIONS", "Default Topic", "");
     rebuildindex_Click(main);
     ReadHTMLMapFiles(main);
-    verify_map_ids(main.topics.ListTopics, project.Alias_Prefix);
+    verify_map_ids(main.topics, project.Alias_Prefix);
     NoteLeftBehindInProject(main);
     ReadTOC(main);
     ReadIndex(main);

@@ -11,6 +11,7 @@
 #include "editor/load_file.hpp"
 #include "platform/text.hpp"
 #include "platform/unicode.hpp"
+#include "project/keyword_cell.hpp"
 #include "project/paths.hpp"
 #include "project/save_project.hpp"
 #include "project/topic_properties.hpp"
@@ -20,10 +21,7 @@ namespace quorrel {
 namespace {
 
 void DeleteKeywords(MainForm& main, std::string_view cell, const std::string& path) {
-    for (std::size_t end = cell.find(';'); end != npos; end = cell.find(';')) {
-        DeleteKeyFromIndex(main.keywords, ReplaceAll(cell.substr(0, end), kSubKeyMark, ":"), path);
-        cell.remove_prefix(end + 1);
-    }
+    for (const std::string& key : KeysOfCell(cell)) DeleteKeyFromIndex(main.keywords, key, path);
 }
 
 /// Removes the nodes that lead to the topic itself and to no bookmark in it. The node that moves

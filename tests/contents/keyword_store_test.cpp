@@ -72,17 +72,24 @@ TEST_F(KeywordStore, AHeadStaysForItsSubKeysAndGoesWithTheFirst) {
     AddToIndex(main, "T", "1", "A;A    :b;A    :c;");
     DeleteKeyFromIndex(main.keywords, "A", "1");
     EXPECT_EQ(Rows(), (Lines{"A|A|", "      b|A    :b|T>1;:", "      c|A    :c|T>1;:"}));
-    DeleteKeyFromIndex(main.keywords, "A:b", "1");
+    DeleteKeyFromIndex(main.keywords, "A    :b", "1");
     EXPECT_EQ(Rows(), (Lines{"      c|A    :c|T>1;:"}));
-    DeleteKeyFromIndex(main.keywords, "A:c", "1");
+    DeleteKeyFromIndex(main.keywords, "A    :c", "1");
     EXPECT_EQ(Rows(), Lines{});
 }
 
 TEST_F(KeywordStore, RenamingReplacesTextInTheRowsOfThePath) {
     AddToIndex(main, "Old", "1", "a;b;");
     AddToIndex(main, "Old", "2", "b;c;");
-    RenameTitleInIndex(main.keywords, KeywordsOfTopic(main.keywords, "1"), "New", "Old", "1");
+    RenameTitleInIndex(main.keywords, "New", "Old", "1");
     EXPECT_EQ(Rows(), (Lines{"a|a|New>1;:", "b|b|New>1;:New>2;:", "c|c|Old>2;:"}));
+}
+
+TEST_F(KeywordStore, RenamingLeavesPathsAlone) {
+    AddToIndex(main, "Overview", "C:\\Overview.htm", "a;");
+    AddToIndex(main, "An Overview;:", "C:\\Overview2.htm", "a;");
+    RenameTitleInIndex(main.keywords, "Start", "Overview", "C:\\Overview.htm");
+    EXPECT_EQ(Rows(), (Lines{"a|a|Start>C:\\Overview.htm;:An Start;:>C:\\Overview2.htm;:"}));
 }
 
 using namespace keyword_cell;

@@ -6,6 +6,7 @@
 #include "contents/index_targets.hpp"
 #include "contents/keyword_store.hpp"
 #include "contents/see_also.hpp"
+#include "platform/text.hpp"
 #include "project/topic_properties.hpp"
 #include "support/project_fixture.hpp"
 
@@ -97,6 +98,75 @@ TEST_F(TopicKeywords, WhatIsSavedIsInTheIndex) {
     SaveTopicProperties(main);
     EXPECT_EQ(FullKeys(), (Lines{"A", "A    :b"}));
     EXPECT_EQ(SelectKey("A    :b").SubItems(1).substr(0, 4), "New>");
+}
+
+TEST_F(TopicKeywords, ATitleMayBeAPartOfThePathAndOfTheNewTitle) {
+    Type("one");
+    Type("two");
+    main.window.EditTitle.Text = std::string("a.h");
+    SaveTopicProperties(main);
+    main.window.EditTitle.Text = std::string("a.h file");
+    SaveTopicProperties(main);
+    for (const char* key : {"one", "two"}) {
+        EXPECT_EQ(SelectKey(key).SubItems(1), "a.h file>" + folder.Windows("a.htm") + ";:");
+    }
+}
+
+TEST_F(TopicKeywords, RetypedInAnotherCaseTheyStayEverywhere) {
+    AddToIndex(main, "Ay", folder.Windows("a.htm"), "print;print    :setup;fingerprint;");
+    AddToIndex(main, "Bee", folder.Windows("b.htm"), "print;print    :queue;");
+    ListView& topics = main.topics.ListTopics;
+    topics.At(1).SetSubItem(topic_cell::kKeywords, "print;print    :setup;fingerprint;");
+    topics.At(2).SetSubItem(topic_cell::kKeywords, "print;print    :queue;");
+    const auto retype = [&](const char* key, const char* main_key, const char* sub_key) {
+        LoadTopicProperties(main);
+        main.window.ListKeys.ListIndex = main.window.ListKeys.Find(key);
+        CommandEdit_Click(main);
+        Type(main_key, sub_key);
+        SaveTopicProperties(main);
+        LoadTopicProperties(main);
+    };
+    retype("print", "Print", "");
+    EXPECT_EQ(FullKeys(), (Lines{"fingerprint", "Print", "Print    :queue", "Print    :setup"}));
+    EXPECT_EQ(SelectKey("Print").Text(), "Print");
+    EXPECT_EQ(main.window.ListKeys.List(), (Lines{"fingerprint", "Print", "Print:setup"}));
+    EXPECT_EQ(topics.At(2).SubItems(topic_cell::kKeywords), "Print;Print    :queue;");
+    EXPECT_TRUE(Contains(SelectKey("Print").SubItems(1), "b.htm"));
+
+    retype("Print:setup", "PRINT", "Setup");
+    EXPECT_EQ(FullKeys(), (Lines{"fingerprint", "PRINT", "PRINT    :queue", "PRINT    :Setup"}));
+    EXPECT_EQ(SelectKey("PRINT    :Setup").Text(), "      Setup");
+    EXPECT_EQ(main.window.ListKeys.List(), (Lines{"fingerprint", "PRINT", "PRINT:Setup"}));
+}
+
+TEST_F(TopicKeywords, AColonInAKeywordSurvives) {
+    ListView& table = main.keywords.ListKeywords;
+    table.Add("a::b").SetSubItem(keyword_cell::IDX_FULLKEY, "a::b");  // of another program
+    main.topics.ListTopics.At(1).SetSubItem(topic_cell::kKeywords, "a::b;");
+    LoadTopicProperties(main);
+    SelectKey("a::b");
+    Type("std::vector");
+    Type("time", "12:30");
+    const Lines shown{"a::b", "std::vector", "time:12:30"};
+    for (int i = 0; i < 3; ++i) {
+        main.window.EditInteger.Text = std::to_string(i);
+        SaveTopicProperties(main);
+        LoadTopicProperties(main);
+        EXPECT_EQ(main.window.ListKeys.List(), shown);
+        EXPECT_EQ(FullKeys(), (Lines{"a::b", "std", "std    ::vector", "time", "time    :12:30"}));
+    }
+    EXPECT_EQ(SelectKey("std    ::vector").Text(), "      :vector");
+    EXPECT_EQ(SelectKey("time    :12:30").Text(), "      12:30");
+    // From the index to another topic, and off again.
+    Type("A::B");
+    main.window.ListKeys.ListIndex = main.window.ListKeys.Find("a::b");
+    CommandDelete_Click(main);
+    SaveTopicProperties(main);
+    EXPECT_EQ(main.topics.ListTopics.At(1).SubItems(topic_cell::kKeywords),
+              "A::B;std    ::vector;time    :12:30;");
+    main.window.ListKeys.Clear();
+    SaveTopicProperties(main);
+    EXPECT_EQ(FullKeys(), Lines{});
 }
 
 TEST_F(TopicKeywords, KeysComeFromTheIndex) {

@@ -109,6 +109,22 @@ TEST_F(NewTopic, IsRefusedWhereItCannotBe) {
     EXPECT_EQ(main.project.next_integer, 1000) << "taken by the dialog that was cancelled";
 }
 
+TEST_F(NewTopic, NeverSharesAnIdentifier) {
+    OpenDemo();
+    SelectAndOpen("first.htm");
+    for (const char* sub_folder : {"", "html"}) {
+        InNewTopic([&](FormNewTopic& form) {
+            form.SetFolder(Demo(sub_folder));
+            form.EditTitle.Text = std::string("Overview");
+            form.OkCmd_Click();
+        });
+        FileNew_Click(main);
+    }
+    const auto id = [&](const char* file) { return Topic(file).SubItems(topic_cell::kMapId); };
+    EXPECT_EQ(id("Overview.htm"), "IDH_Overview");
+    EXPECT_EQ(id("html\\Overview.htm"), "IDH_Overview2") << "the row of the other one";
+}
+
 TEST_F(NewTopic, ATemplateKeepsTheMarkAndIsEditedAtOnce) {
     OpenDemo();
     SelectAndOpen("first.htm");

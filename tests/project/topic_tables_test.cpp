@@ -28,7 +28,7 @@ std::string Repaired(const std::vector<std::pair<const char*, const char*>>& row
         // The titles keep the rows in this order.
         AddTopic(tables.ListTopics, std::to_string(tables.ListTopics.Count()), path, id);
     }
-    verify_map_ids(tables.ListTopics, prefix);
+    verify_map_ids(tables, prefix);
     std::string ids;
     for (int i = 1; i <= tables.ListTopics.Count(); ++i) {
         ids += tables.ListTopics.At(i).SubItems(topic_cell::kMapId) + " ";
@@ -53,11 +53,24 @@ TEST(VerifyMapIds, FillsGapsFromFileNames) {
               "1 2 4 43 ");
 }
 
+TEST(VerifyMapIds, MissesNoRowOfATableSortedByIdentifier) {
+    TopicTables tables;
+    for (const char* file : {"C:\\d.htm", "C:\\c.htm", "C:\\b.htm", "C:\\q\\b.htm", "C:\\a.htm"}) {
+        AddTopic(tables.ListTopics, "t", file);
+    }
+    tables.ListTopics.SortBy(topic_cell::kMapId);
+    tables.ListAliases.Add("A");
+    verify_map_ids(tables, "");
+    std::string ids;
+    for (int i = 1; i <= 5; ++i) ids += tables.ListTopics.At(i).SubItems(topic_cell::kMapId) + " ";
+    EXPECT_EQ(ids, "a1 b b3 c d ");
+}
+
 TEST(VerifyMapIds, ManyTopicsOfOneNameCostNoMoreThanTheirIdentifiers) {
     TopicTables tables;
     for (int i = 0; i < 3000; ++i)
         AddTopic(tables.ListTopics, "t", "C:\\p\\" + std::to_string(i) + "\\index.htm");
-    verify_map_ids(tables.ListTopics, "");
+    verify_map_ids(tables, "");
     EXPECT_EQ(tables.ListTopics.At(12).SubItems(1), "index1234567891011");
     EXPECT_TRUE(tables.ListTopics.At(3000).SubItems(1).ends_with("29982999"));
 }

@@ -10,6 +10,7 @@
 #include "platform/text.hpp"
 #include "platform/text_lines.hpp"
 #include "project/paths.hpp"
+#include "project/verify_map_ids.hpp"
 
 namespace quorrel {
 namespace {
@@ -92,6 +93,14 @@ std::string DataOfFile(std::string_view file, const ProjectState& project) {
     return "<data>" + XmlContent(AddressOf(file, project.proj), project.xml_form) + "</data>";
 }
 
+void RepairMapIds(MainForm& main) {
+    TopicTables& topics = main.topics;
+    verify_map_ids(topics, main.project.Alias_Prefix);
+    main.texts.NoteLeftBehind(
+        main.project.java_map_file,
+        LeftBehind{"identifiers that two topics have", SeparateMapIds(topics)});
+}
+
 }  // namespace
 
 void ReadHelpSet(std::string_view text, ProjectState& project) {
@@ -146,6 +155,7 @@ void ReadJavaHelpSet(MainForm& main) {
     if (trap([&] { text = main.texts.ReadXml(main.project.proj); }))
         ReadHelpSet(text, main.project);
     ReadJavaMapFile(main);
+    RepairMapIds(main);
     JavaReadTOC(main);
     JavaReadIndex(main);
     if (main.files.FileExists(main.outline.doc_outline)) ReadDocOutline(main);
