@@ -15,6 +15,7 @@
 #include "platform/surfaces.hpp"
 #include "platform/text_files.hpp"
 #include "project/project_state.hpp"
+#include "project/unsaved_work_state.hpp"
 
 namespace quorrel {
 
@@ -70,6 +71,7 @@ struct MainForm {
     KeywordState keywords;
     OutlineState outline;
     EditorState editor;
+    UnsavedWork unsaved;
     WindowControls window;
 };
 

@@ -18,6 +18,7 @@
 #include "project/open_project.hpp"
 #include "project/save_project.hpp"
 #include "project/side_files.hpp"
+#include "project/unsaved_work.hpp"
 
 namespace quorrel {
 namespace {
@@ -209,6 +210,7 @@ bool Form_QueryUnload(MainForm& main) {
 }
 
 void Form_Unload(MainForm& main) {
+    ForgetUnsavedWork(main);
     WriteRecentList(main);
     SetIni(main, "Settings", {{"preserveHTML", main.settings.preserve_html ? "1" : "0"}});
 }

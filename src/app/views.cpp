@@ -17,6 +17,7 @@
 #include "platform/text.hpp"
 #include "project/save_project.hpp"
 #include "project/topic_properties.hpp"
+#include "project/unsaved_work.hpp"
 
 namespace quorrel {
 namespace {
@@ -232,8 +233,12 @@ void ConnectEvents(MainForm& main) {
     main.window.LabelExtEditor.Visible = false;
     main.DHTMLEdit1.DocumentComplete = [&main] { DHTMLEdit1_DocumentComplete(main); };
     main.DHTMLEdit1.EngineLost = [&main](EngineLoss loss) { DHTMLEdit1_EngineLost(main, loss); };
+    FollowUnsavedWork(main);
     main.DHTMLEdit1.DisplayChanged = [&main] { DHTMLEdit1_DisplayChanged(main); };
-    main.Source1.Change = [&main] { main.editor.ActiveDirty = main.editor.source_edited = true; };
+    main.Source1.Change = [&main] {
+        main.editor.ActiveDirty = main.editor.source_edited = true;
+        main.unsaved.changed.Emit();
+    };
     FollowTab(main.window.TabStrip1, [&main] {
         if (main.window.TabStrip1.Enabled) TabStrip1_Click(main);
     });

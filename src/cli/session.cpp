@@ -36,6 +36,8 @@ Session::Session(const ProjectCall& call, NativeFileSystem& files, std::ostream&
       main({files_, screen_, surface_, source_, browser_, shell_},
            files_.WindowsPath(NativeSettingsFolder())) {
     surface_.code_page = [this] { return main.texts.CodePageNumber(); };
+    // Nobody is there to decide about work that the window keeps.
+    main.unsaved.is_on = false;
     main.log.listener = [this](std::string_view line) { err_ << line << '\n'; };
 }
 

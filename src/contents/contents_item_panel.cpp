@@ -156,6 +156,7 @@ void SaveTOCProperties(MainForm& main) {
     const std::string target = TargetOf(main, location);
     if (contents.toc_item_node != nullptr) {
         contents.toc_item_node->Tag = PackNodeData(location, target, TypedExtra(main));
+        contents.Tree1.node_changed.Emit(*contents.toc_item_node);
     }
     contents.toc_item_dirty = false;
     main.project.project_dirty = true;

@@ -8,6 +8,7 @@
 #include "platform/meanwhile.hpp"
 #include "platform/text.hpp"
 #include "project/paths.hpp"
+#include "project/recovery.hpp"
 #include "project/save_project.hpp"
 #include "project/side_files.hpp"
 #include "project/topic_properties.hpp"
@@ -24,31 +25,21 @@ bool HasUnsavedChanges(const MainForm& main) {
     return main.DHTMLEdit1.IsDirty() || main.editor.ActiveDirty;
 }
 
-bool HaveSameBytes(MainForm& main, const std::string& a, const std::string& b) {
-    try {
-        return main.files.ReadFile(a) == main.files.ReadFile(b);
-    } catch (const RuntimeError&) {
-        return true;  // nothing that could be offered
-    }
-}
-
-/// A working copy that no flag tells of comes from a run that ended badly. The user may take it
-/// up; otherwise it is put aside, since editing the topic would overwrite it.
+/// A working copy that no flag tells of comes from a run that ended badly, and was not decided
+/// about when the project was opened. The user may take it up; otherwise it is put aside, since
+/// editing the topic would overwrite it.
 void OfferForgottenCopy(MainForm& main, ListRow& row, const std::string& topic) {
-    const std::string copy = WorkingCopyOf(topic);
-    if (!main.files.FileExists(copy) || !main.files.FileExists(topic)) return;
-    if (HaveSameBytes(main, copy, topic)) return;
+    if (!main.unsaved.is_on || !SaysMoreThanTopic(main, topic)) return;
     const Message question = {
         main.files.NativePath(topic) +
             " was edited and not saved when the program ended the last time.\r\n\r\nDo you want "
             "to go on with the edited version?",
         main.settings.APP_NAME, MessageButtons::kYesNo, MessageIcon::kExclamation};
     if (main.screen.ShowMessage(question) == MessageAnswer::kYes) {
-        row.SetSubItem(topic_cell::kModified, "1");
+        TakeBackTopic(main, row);
         return;
     }
-    main.files.DeleteFile(copy + ".bak");
-    main.files.MoveFile(copy, copy + ".bak");
+    PutAside(main.files, WorkingCopyOf(topic));
 }
 
 std::string FileToLoad(MainForm& main) {

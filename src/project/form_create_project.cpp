@@ -7,6 +7,7 @@
 #include "project/paths.hpp"
 #include "project/save_project.hpp"
 #include "project/side_files.hpp"
+#include "project/unsaved_work.hpp"
 #include "project/xml_form.hpp"
 
 namespace quorrel {
@@ -87,6 +88,8 @@ void FormCreateProject::OKButton_Click() {
         EditProject.Text = EditProject.Text() + (javahelp ? ".hs" : ".hhp");
     }
     if (!MayReplace() || !MakeProjectFolder()) return;
+    ForgetUnsavedWork(main_);
+    main_.unsaved.is_open = false;
     project.proj = EditProject.Text();
     ClearProject(main_);
     main_.texts.StartProject({});
@@ -107,6 +110,8 @@ void FormCreateProject::OKButton_Click() {
     project.project_title = title.empty() ? "Untitled" : title;
     UpdateCaption(main_);
     project.proj_success = true;
+    main_.unsaved.saved_lists.clear();
+    main_.unsaved.is_open = true;
     ShowNewTopic(main_);
     project.common_flag = 0;
     closed = true;

@@ -224,7 +224,7 @@ void FormProjectSettings::NoteChange() {
                          NewPath(EditTOCFile, project.hhcfile) != project.hhcfile ||
                          NewPath(EditIndexFile, project.hhkfile) != project.hhkfile ||
                          CheckJavaFTS.Value() != project.javahelp_do_fts || images_changed_;
-    if (changed) main_.project.project_dirty = true;
+    if (changed) main_.project.project_dirty = main_.unsaved.lists_changed = true;
 }
 
 void FormProjectSettings::cmdOK_Click() {

@@ -14,8 +14,10 @@
 #include "platform/text.hpp"
 #include "project/left_behind_message.hpp"
 #include "project/paths.hpp"
+#include "project/recovery.hpp"
 #include "project/save_project.hpp"
 #include "project/side_files.hpp"
+#include "project/unsaved_work.hpp"
 #include "project/verify_map_ids.hpp"
 #include "project/xml_form.hpp"
 
@@ -121,6 +123,7 @@ void ReadHtmlHelpProject(MainForm& main, const Trap& trap) {
     main.outline.doc_dirty = false;
     if (main.settings.is_javahelp_edition) ConvertInMemory(main);
     main.window.StatusBar1.SetPanel(1, "");
+    OfferUnsavedWork(main);
     if (main.contents.Tree1.Count() > 0) {
         trap([&] {
             // Of a project just converted; a HelpSet that names no home keeps none.
@@ -189,6 +192,8 @@ void OpenProject_Click(MainForm& main) {
     std::string chosen = ChooseProject(main);
     if (chosen.empty()) return;
     ProjectState& project = main.project;
+    ForgetUnsavedWork(main);  // saved, or given up
+    main.unsaved.is_open = false;
     const bool converts = main.settings.is_javahelp_edition && !IsJavaHelpProject(chosen);
     project.proj = std::move(chosen);
     const Trap trap(main.log, "MainForm OpenProject Click: ");
@@ -208,6 +213,7 @@ void OpenProject_Click(MainForm& main) {
         }
     }
     project.lngMapCount = ReadImageMapCount(main);
+    MarkTakenBackWork(main);
     TellWhatWasLeftBehind(main, converts);
 }
 

@@ -23,6 +23,7 @@
 #include "project/paths.hpp"
 #include "project/side_files.hpp"
 #include "project/topic_properties.hpp"
+#include "project/unsaved_work.hpp"
 #include "project/working_copy.hpp"
 #include "project/xml_form.hpp"
 
@@ -138,12 +139,20 @@ void PromotePage(MainForm& main, const std::string& page) {
     main.editor.ActiveDirty = true;
 }
 
+/// Nobody has decided about it, so only an edit may replace it.
+bool IsCopyOfAnotherRun(MainForm& main, int index) {
+    const ListRow& row = main.topics.ListTopics.At(index);
+    return row.SubItems(topic_cell::kModified) != kFlagged &&
+           SaysMoreThanTopic(main, row.SubItems(topic_cell::kFullPath));
+}
+
 /// The open topic goes to its working copy, edited or not. A page that is no topic of the project
 /// has no flag to be promoted by, and takes its place at once; it is written only if edited.
 void SaveOpenTopic(MainForm& main) {
     if (IsTemplateOpen(main) || !HasOpenDocument(main)) return;
     const int index = main.topics.current_topic_index;
-    if (index < 1 && !IsDocumentEdited(main)) return;
+    const bool is_left_alone = index < 1 || IsCopyOfAnotherRun(main, index);
+    if (is_left_alone && !IsDocumentEdited(main)) return;
     const std::string& path = main.editor.main_path;
     const bool saved = SaveHTML(main, WorkingCopyOf(path));
     if (index >= 1) {
@@ -234,6 +243,8 @@ bool FileSave_Click(MainForm& main) {
     }
     const bool saved = main.log.Count() == errors_before;
     main.project.project_dirty = !saved;
+    if (saved) NoteSavedLists(main);
+    KeepUnsavedWork(main);
     if (saved) {
         status.SetPanel(1, "Project Saved.");
     } else {

@@ -3,6 +3,7 @@
 #include "app/main_form.hpp"
 #include "editor/foreign_change.hpp"
 #include "editor/object_mask.hpp"
+#include "platform/file_system.hpp"
 
 namespace quorrel {
 namespace {
@@ -14,6 +15,25 @@ bool SaysTheSame(const MainForm& main, const std::string& copy, const std::strin
 }
 
 }  // namespace
+
+bool SaysMoreThanTopic(MainForm& main, const std::string& topic) {
+    const std::string copy = WorkingCopyOf(topic);
+    if (!main.files.FileExists(copy) || !main.files.FileExists(topic)) return false;
+    try {
+        return !SaysTheSame(main, main.files.ReadFile(copy), main.files.ReadFile(topic));
+    } catch (const RuntimeError&) {
+        return false;  // nothing that could be offered
+    }
+}
+
+std::string PutAside(FileSystem& files, const std::string& path) {
+    std::string aside = path + ".bak";
+    for (int number = 2; files.FileExists(aside); ++number) {
+        aside = path + ".bak" + std::to_string(number);
+    }
+    files.MoveFile(path, aside);
+    return aside;
+}
 
 bool HasUnsavedCopy(MainForm& main, const ListRow& row) {
     const std::string& topic = row.SubItems(topic_cell::kFullPath);

@@ -6,6 +6,7 @@
 
 namespace quorrel {
 
+class FileSystem;
 class ListRow;
 struct MainForm;
 
@@ -24,6 +25,14 @@ inline constexpr std::string_view kWorkingCopy = ".tmp.htm";
     if (!IsWorkingCopy(path)) copy += kWorkingCopy;
     return copy;
 }
+
+/// Whether there is a working copy beside the topic that says anything that its file does not.
+/// False where one of them cannot be read.
+[[nodiscard]] bool SaysMoreThanTopic(MainForm& main, const std::string& topic);
+
+/// Gives the file another name, with ".bak" at its end and a number where there is such a file
+/// already. Gives the name; where it fails the file stays as it is.
+std::string PutAside(FileSystem& files, const std::string& path);
 
 /// Whether the flagged working copy of a topic's row says anything that its file does not.
 [[nodiscard]] bool HasUnsavedCopy(MainForm& main, const ListRow& row);

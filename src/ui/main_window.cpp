@@ -12,6 +12,7 @@
 #include "app/startup.hpp"
 #include "contents/contents_drag.hpp"
 #include "project/open_topic.hpp"
+#include "project/unsaved_work.hpp"
 #include "ui/about_box.hpp"
 #include "ui/appearance.hpp"
 #include "ui/command_bars.hpp"
@@ -78,6 +79,18 @@ MainWindow::MainWindow(MainForm& main, WebSurface& surface, QWidget* source, QWi
     Listen(main_.window.StatusBar1.changed, this, [this] { FollowStatus(); });
     FollowStatus();
     FollowFailures();
+    FollowUnsavedWork();
+}
+
+void MainWindow::FollowUnsavedWork() {
+    // What comes within this time is kept in one go.
+    constexpr int kMilliseconds = 1000;
+    keep_timer_.setSingleShot(true);
+    keep_timer_.setInterval(kMilliseconds);
+    connect(&keep_timer_, &QTimer::timeout, this, [this] { KeepUnsavedWork(main_); });
+    Listen(main_.unsaved.changed, this, [this] {
+        if (!keep_timer_.isActive()) keep_timer_.start();
+    });
 }
 
 void MainWindow::FollowFailures() {

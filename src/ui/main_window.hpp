@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QTimer>
 
 #include "ui/window_settings.hpp"
 
@@ -41,6 +42,7 @@ class MainWindow : public QMainWindow {
     void FollowWindow();
     void FollowStatus();
     void FollowFailures();
+    void FollowUnsavedWork();
     void ShowFirstTime();
     void Remember();
     void ShowGuide(std::string_view identifier);
@@ -49,6 +51,7 @@ class MainWindow : public QMainWindow {
     MainForm& main_;
     WebSurface& surface_;
     WindowSettings settings_;
+    QTimer keep_timer_;
     CommandBars* bars_ = nullptr;
     QPointer<HelpWindow> help_;
     PaneArea* area_;

@@ -20,6 +20,7 @@
 #include "project/form_new_folder.hpp"
 #include "project/form_new_topic.hpp"
 #include "project/form_project_settings.hpp"
+#include "project/form_recover.hpp"
 #include "ui/add_graphic_dialog.hpp"
 #include "ui/create_project_dialog.hpp"
 #include "ui/error_log_dialog.hpp"
@@ -28,6 +29,7 @@
 #include "ui/new_topic_dialog.hpp"
 #include "ui/project_settings_dialog.hpp"
 #include "ui/qt_text.hpp"
+#include "ui/recover_dialog.hpp"
 #include "ui/see_also_dialog.hpp"
 #include "ui/settings_dialog.hpp"
 #include "ui/splash_dialog.hpp"
@@ -111,6 +113,7 @@ constexpr DialogOf kDialogs[] = {
     {"FormNewFolder", Make<NewFolderDialog, FormNewFolder>},
     {"FormCreateProject", Make<CreateProjectDialog, FormCreateProject>},
     {"FormProjectSettings", Make<ProjectSettingsDialog, FormProjectSettings>},
+    {"FormRecover", Make<RecoverDialog, FormRecover>},
     {"FormAddGraphic", Make<AddGraphicDialog, FormAddGraphic>},
 };
 

@@ -10,6 +10,7 @@
 #include "platform/text.hpp"
 #include "platform/text_lines.hpp"
 #include "project/paths.hpp"
+#include "project/recovery.hpp"
 #include "project/verify_map_ids.hpp"
 
 namespace quorrel {
@@ -159,6 +160,7 @@ void ReadJavaHelpSet(MainForm& main) {
     JavaReadTOC(main);
     JavaReadIndex(main);
     if (main.files.FileExists(main.outline.doc_outline)) ReadDocOutline(main);
+    OfferUnsavedWork(main);
     if (main.contents.Tree1.Count() > 0) trap([&] { OpenFirstContentsItem(main); });
     main.contents.toc_dirty = false;
     main.keywords.index_dirty = false;
