@@ -1,3 +1,4 @@
+#define IDH_FormRecover 1017
 #define IDH_FormCreateProject 1010
 #define IDH_FormNewTopic 1012
 #define IDH_FormStartup 1011

@@ -77,8 +77,9 @@ TEST_F(UserGuideProject, EveryTopicIsListedReachedAndInTheIndex) {
 TEST_F(UserGuideProject, DialogsAndViewsFindTheirTopics) {
     for (const char* name :
          {"FormStartup", "FormCreateProject", "FormNewTopic", "FormProjectSettings", "FormSettings",
-          "FormErrorLog", "FormSeeAlso", "ViewNormal", "ViewTopicProperties", "ViewHTMLSource",
-          "ViewPreviewTest", "ViewOrganizeTOC", "ViewTopicReport", "ViewDocumentWizard"}) {
+          "FormErrorLog", "FormSeeAlso", "FormRecover", "ViewNormal", "ViewTopicProperties",
+          "ViewHTMLSource", "ViewPreviewTest", "ViewOrganizeTOC", "ViewTopicReport",
+          "ViewDocumentWizard"}) {
         const ListRow* row =
             main.topics.ListTopics.FirstWith(topic_cell::kMapId, std::string("IDH_") + name);
         ASSERT_NE(row, nullptr) << name;
