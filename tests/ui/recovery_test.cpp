@@ -2,6 +2,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
+#include <QWebEngineView>
 
 #include "project/private_files.hpp"
 #include "project/unsaved_work.hpp"
