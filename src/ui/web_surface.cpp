@@ -1,6 +1,5 @@
 #include "ui/web_surface.hpp"
 
-#include <QApplication>
 #include <QJsonDocument>
 #include <QLabel>
 #include <QMenu>
@@ -223,7 +222,8 @@ void WebSurface::StartLoad() {
     page_->settings()->setAttribute(QWebEngineSettings::FocusOnNavigationEnabled,
                                     std::exchange(is_first_look_, false));
     // Behind another view it takes the keys away from the list that opened the topic.
-    keys_back_to_ = view_->isVisible() ? nullptr : QApplication::focusWidget();
+    // A dialog may be in front of the window.
+    keys_back_to_ = view_->isVisible() ? nullptr : view_->window()->focusWidget();
     page_->Show(shown);
 }
 

@@ -15,7 +15,8 @@ using NewProject = TopicFixture;
 TEST_F(NewProject, OfHtmlHelpHasItsFirstTopicAndIsWrittenByTheFirstSave) {
     OpenDemo();
     SelectAndOpen("first.htm");
-    surface.SetDocumentHTML("<title>First</title><body>not to be kept");
+    main.window.TabStrip2.SelectedIndex = right_tab::kSource;
+    source.SetText("<title>First</title><body>not to be kept");
     main.editor.TopicPropDirty = false;
     screen.ExpectMessage(
         "The current project has been modified.\r\n\r\nDo you want to save changes?",
@@ -48,7 +49,11 @@ TEST_F(NewProject, OfHtmlHelpHasItsFirstTopicAndIsWrittenByTheFirstSave) {
     EXPECT_FALSE(folder.Exists("new/inner/guide.hhp"));
     EXPECT_EQ(folder.Read("demo/first.htm"), "<title>First</title><body>first");
 
+    // Where the author is still.
+    EXPECT_EQ(source.Text(), surface.DocumentHTML());
+    source.SetText("<title>FirstTopic</title><body>typed in the source");
     FileSave_Click(main);
+    EXPECT_EQ(folder.Read("new/inner/FirstTopic.htm"), source.Text());
     for (const char* ending : {".hhp", ".hhc", ".hhk", ".h", ".ali"}) {
         EXPECT_TRUE(folder.Exists(std::string("new/inner/guide") + ending)) << ending;
     }

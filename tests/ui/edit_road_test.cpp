@@ -1,6 +1,8 @@
 // The whole road in the window: open, edit on the surface and in the source, save, open again.
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QTabBar>
 #include <QTest>
 #include <QTextBlock>
@@ -170,6 +172,20 @@ TEST_F(SourceRoad, AnotherProjectIsEditedWhereItIsSeen) {
     ASSERT_TRUE(TopicShows("other body"));
     EXPECT_EQ(run->surface.DocumentHTML(),
               "<!-- typed --><title>See</title><body>other body</body>");
+}
+
+TEST_F(SourceRoad, ANewProjectIsEditedWhereItIsSeen) {
+    completed = 0;
+    dialogs.Expect("FormCreateProject", [&](QWidget& dialog) {
+        dialog.findChild<QLineEdit*>("EditProject")
+            ->setText(QString::fromStdString(folder.Native("new/made.hhp")));
+        QTest::mouseClick(dialog.findChild<QAbstractButton*>("OKButton"), Qt::LeftButton);
+    });
+    Find<QAction>("FileNewProject")->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return completed > 0; }, 20000));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&run->window));
+    Type("<!-- typed -->");
+    EXPECT_TRUE(editor->toPlainText().startsWith("<!-- typed -->"));
 }
 
 }  // namespace
