@@ -46,7 +46,7 @@ void AddKey(ListView& table, std::string_view full_key, const std::string& entry
     const std::size_t colon = full_key.find(':');
     std::string display(colon == npos ? full_key : TrimLeft(full_key.substr(colon + 1)));
     const std::string key = StripKeyNote(full_key);
-    if (ListRow* row = table.LastWithExactly(IDX_FULLKEY, key)) {
+    if (ListRow* row = KeywordRow(table, full_key)) {
         if (!Contains(row->SubItems(IDX_TITLEPATH), entry))
             row->AppendToSubItem(IDX_TITLEPATH, entry);
         return;
@@ -92,6 +92,11 @@ std::string StripKeyNote(std::string_view key) {
     return std::string(Trim(ReplaceAll(key, note, "")));
 }
 
+ListRow* KeywordRow(const ListView& ListKeywords, std::string_view key) {
+    ListRow* row = ListKeywords.LastWithExactly(IDX_FULLKEY, key);
+    return row != nullptr ? row : ListKeywords.LastWithExactly(IDX_FULLKEY, StripKeyNote(key));
+}
+
 void AddToIndex(MainForm& main, std::string_view title, std::string_view path,
                 std::string_view keys) {
     main.keywords.index_dirty = true;
@@ -118,9 +123,13 @@ void DeleteKeyFromIndex(KeywordState& keywords, std::string_view key, std::strin
     keywords.index_dirty = true;
     const KeyParts parts = SplitBookmark(key);
     const std::string target = std::string(path).append(parts.bookmark);
-    const std::string stripped = StripKeyNote(parts.key);
     ListView& table = keywords.ListKeywords;
-    ListRow* row = table.FirstWith(IDX_FULLKEY, stripped);
+    std::string identity(parts.key);
+    ListRow* row = table.FirstWith(IDX_FULLKEY, identity);
+    if (row == nullptr) {
+        identity = StripKeyNote(identity);
+        row = table.FirstWith(IDX_FULLKEY, identity);
+    }
     if (row == nullptr) return;
 
     std::string kept;
@@ -136,13 +145,13 @@ void DeleteKeyFromIndex(KeywordState& keywords, std::string_view key, std::strin
     }
     const int position = table.PositionOf(*row);
     const ListRow* next = position < table.Count() ? &table.At(position + 1) : nullptr;
-    if (next != nullptr && Contains(next->SubItems(IDX_FULLKEY), stripped + kSubKeyMark)) {
+    if (next != nullptr && Contains(next->SubItems(IDX_FULLKEY), identity + kSubKeyMark)) {
         row->SetSubItem(IDX_TITLEPATH, {});
         return;
     }
-    const std::size_t mark = stripped.find(kSubKeyMark);
+    const std::size_t mark = identity.find(kSubKeyMark);
     if (mark != npos && position > 1) {
-        const std::string main_key = stripped.substr(0, mark);
+        const std::string main_key = identity.substr(0, mark);
         const ListRow& head = table.At(position - 1);
         const bool is_bare_head =
             EqualsIgnoringCase(head.Text(), main_key) && head.SubItems(IDX_TITLEPATH).empty();

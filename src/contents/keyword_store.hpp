@@ -26,6 +26,10 @@ void DeleteKeyFromIndex(KeywordState& keywords, std::string_view key, std::strin
 void RenameTitleInIndex(KeywordState& keywords, std::string_view new_title,
                         std::string_view old_title, std::string_view path);
 
+/// The row of a full key, or null. One that a file has with its note keeps that and goes before the
+/// one that the key has by its identity.
+[[nodiscard]] ListRow* KeywordRow(const ListView& ListKeywords, std::string_view key);
+
 /// The identity of a key: without a note in parentheses.
 [[nodiscard]] std::string StripKeyNote(std::string_view key);
 

@@ -4,6 +4,7 @@
 
 #include "app/main_form.hpp"
 #include "contents/keyword_spelling.hpp"
+#include "contents/keyword_store.hpp"
 #include "contents/topic_key_changes.hpp"
 #include "editor/document_text.hpp"
 #include "editor/load_file.hpp"
@@ -40,8 +41,7 @@ void LoadTopicProperties(MainForm& main) {
         window.EditInteger.Text = row.SubItems(topic_cell::kInteger);
         for (const std::string& entry : KeysOfCell(row.SubItems(topic_cell::kKeywords))) {
             const std::string key = entry.substr(0, entry.find("##"));
-            const ListView& store = main.keywords.ListKeywords;
-            if (store.FirstWithExactly(keyword_cell::IDX_FULLKEY, key) == nullptr) continue;
+            if (KeywordRow(main.keywords.ListKeywords, key) == nullptr) continue;
             window.ListKeys.AddItem(ShownKey(entry));
         }
     }
