@@ -8,13 +8,10 @@
 #include "platform/text.hpp"
 
 namespace quorrel {
-namespace {
 
 std::string GuideFolder(const MainForm& main) {
     return main.settings.main_dir + "Help";
 }
-
-}  // namespace
 
 std::string UserGuide::PathOf(std::string_view identifier) const {
     const ListView& table = topics.ListTopics;

@@ -21,6 +21,9 @@ struct UserGuide {
     [[nodiscard]] std::string PathOf(std::string_view identifier) const;
 };
 
+/// The folder of the guide's project.
+[[nodiscard]] std::string GuideFolder(const MainForm& main);
+
 /// Reads the guide with the readers of all projects; the log tells of files that it lacks.
 void ReadUserGuide(MainForm& main, UserGuide& guide);
 

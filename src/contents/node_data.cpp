@@ -28,4 +28,9 @@ NodeData UnpackNodeData(std::string_view data) {
     return fields;
 }
 
+std::string_view NodeLocation(std::string_view data) {
+    const std::size_t end = data.find(kSeparator);
+    return end == npos ? std::string_view{} : data.substr(0, end);
+}
+
 }  // namespace quorrel

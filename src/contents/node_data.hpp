@@ -17,5 +17,7 @@ struct NodeData {
                                        std::string_view extra);
 /// Stops at the first field without its separator; that one and those behind it are empty.
 [[nodiscard]] NodeData UnpackNodeData(std::string_view data);
+/// The location alone, for those who look through many nodes. A part of `data`.
+[[nodiscard]] std::string_view NodeLocation(std::string_view data);
 
 }  // namespace quorrel

@@ -65,6 +65,9 @@ class FileSystem {
     [[nodiscard]] virtual std::string NativePath(std::string_view path) const = 0;
     /// The inner form of a native path; a relative one is taken from the current folder.
     [[nodiscard]] virtual std::string WindowsPath(std::string_view native) const = 0;
+    /// The path of what is really there, with no link on the way and in the on-disk spelling.
+    /// Empty where there is nothing.
+    [[nodiscard]] virtual std::string RealPath(std::string_view path) = 0;
 };
 
 /// The inner form of a native path; a relative one stays relative.

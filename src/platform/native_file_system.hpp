@@ -37,6 +37,7 @@ class NativeFileSystem : public FileSystem {
     bool DeleteFile(std::string_view path) override;
     std::string NativePath(std::string_view path) const override;
     std::string WindowsPath(std::string_view native) const override;
+    std::string RealPath(std::string_view path) override;
 
     /// False makes FlushFile and FlushNames do nothing.
     bool flush_to_disk = true;

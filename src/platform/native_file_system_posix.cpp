@@ -150,6 +150,13 @@ std::string NativeFileSystem::NativePath(std::string_view path) const {
     return result;
 }
 
+std::string NativeFileSystem::RealPath(std::string_view path) {
+    if (path.empty() || IsNoPath(path)) return {};
+    const std::unique_ptr<char, decltype(&std::free)> real(realpath(Resolve(path).c_str(), nullptr),
+                                                           &std::free);
+    return real == nullptr ? std::string() : WindowsPath(real.get());
+}
+
 /// Takes ".." back by the text alone, as Windows does: the folder before it need not exist.
 static std::string WithoutParentSteps(std::string native) {
     for (std::size_t at = native.find("/.."); at != npos; at = native.find("/..", at)) {

@@ -16,9 +16,9 @@ constexpr std::size_t kPiece = std::size_t{1} << 28;  // bytes that one call tak
 
 class Handle {
   public:
-    Handle(const std::wstring& path, DWORD access, DWORD share, DWORD disposition)
-        : handle_(CreateFileW(path.c_str(), access, share, nullptr, disposition,
-                              FILE_ATTRIBUTE_NORMAL, nullptr)) {}
+    Handle(const std::wstring& path, DWORD access, DWORD share, DWORD disposition,
+           DWORD flags = FILE_ATTRIBUTE_NORMAL)
+        : handle_(CreateFileW(path.c_str(), access, share, nullptr, disposition, flags, nullptr)) {}
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
     ~Handle() {
@@ -112,10 +112,31 @@ std::wstring SpelledAsOnDisk(const std::wstring& path) {
     return path.substr(0, path.rfind(L'\\') + 1) + found.cFileName;
 }
 
+/// The path as programs write it, of one that the system gives with its mark of long paths.
+std::string WithoutLongPathMark(const std::wstring& path) {
+    constexpr std::wstring_view kMark = L"\\\\?\\";
+    constexpr std::wstring_view kShareMark = L"\\\\?\\UNC\\";
+    if (path.starts_with(kShareMark)) return "\\\\" + Narrow(path.substr(kShareMark.size()));
+    return Narrow(path.starts_with(kMark) ? path.substr(kMark.size()) : path);
+}
+
 }  // namespace
 
 std::string NativeFileSystem::WindowsPath(std::string_view native) const {
     return Narrow(WidePath(native.empty() ? "." : native));
+}
+
+std::string NativeFileSystem::RealPath(std::string_view path) {
+    if (path.empty() || IsNoPath(path)) return {};
+    const std::wstring native = WidePath(path);
+    if (IsDevice(native)) return {};
+    // A folder can be opened that way only.
+    const Handle there(native, 0, kShareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+    if (!there.Valid()) return {};
+    std::wstring real(GetFinalPathNameByHandleW(there.Get(), nullptr, 0, 0), L'\0');
+    real.resize(
+        GetFinalPathNameByHandleW(there.Get(), real.data(), static_cast<DWORD>(real.size()), 0));
+    return WithoutLongPathMark(real);
 }
 
 std::string NativeFileSystem::NativePath(std::string_view path) const {

@@ -9,6 +9,7 @@
 
 #include "app/main_form.hpp"
 #include "contents/node_data.hpp"
+#include "project/project_files.hpp"
 #include "ui/enter_key.hpp"
 #include "ui/qt_text.hpp"
 #include "ui/tree_view_model.hpp"
@@ -45,6 +46,9 @@ HelpWindow::HelpWindow(MainForm& main, QWidget* parent)
     ReadUserGuide(main, guide_);
     model_ = new TreeViewModel(guide_.contents, this);
     page_.code_page = [&main] { return main.machine_texts.CodePageNumber(); };
+    page_.belongs = [&main](const std::string& path) {
+        return LiesBelow(main.files, path, GuideFolder(main));
+    };
     page_.open_external = [](const QUrl& address) { QDesktopServices::openUrl(address); };
     MakeContents();
     split_->addWidget(contents_);

@@ -76,9 +76,8 @@ int main(int argc, char** argv) {
     NativeShell shell(files);
     MainForm main_form({files, screen, surface, source, preview, shell},
                        files.WindowsPath(NativeSettingsFolder()));
-    preview.code_page = [&] { return main_form.texts.CodePageNumber(); };
     screen.help_wanted = [&](std::string_view form) { ShowHelp(main_form, HelpIdentifier(form)); };
-    MainWindow window(main_form, surface, source.Widget(), preview.Widget());
+    MainWindow window(main_form, surface, source.Widget(), preview);
     QObject::connect(&window, &MainWindow::Closed, &app, &QCoreApplication::quit,
                      Qt::QueuedConnection);
     QTimer::singleShot(0, &window, [&] { Start(main_form, command_line); });

@@ -12,6 +12,7 @@
 #include "app/startup.hpp"
 #include "contents/contents_drag.hpp"
 #include "project/open_topic.hpp"
+#include "project/project_files.hpp"
 #include "project/unsaved_work.hpp"
 #include "ui/about_box.hpp"
 #include "ui/appearance.hpp"
@@ -26,6 +27,7 @@
 #include "ui/listen.hpp"
 #include "ui/outline_pane.hpp"
 #include "ui/pane_area.hpp"
+#include "ui/preview_pane.hpp"
 #include "ui/progress_view.hpp"
 #include "ui/qt_text.hpp"
 #include "ui/topic_properties_page.hpp"
@@ -50,7 +52,7 @@ void PrepareForWebView(QWidget* window) {
 
 }  // namespace
 
-MainWindow::MainWindow(MainForm& main, WebSurface& surface, QWidget* source, QWidget* preview)
+MainWindow::MainWindow(MainForm& main, WebSurface& surface, QWidget* source, PreviewPane& preview)
     : main_(main),
       surface_(surface),
       area_(new PaneArea(main)),
@@ -68,7 +70,8 @@ MainWindow::MainWindow(MainForm& main, WebSurface& surface, QWidget* source, QWi
     main_.window.show_about = [this] { ShowAbout(main_, this); };
     main_.window.show_help = [this](std::string_view identifier) { ShowGuide(identifier); };
     bars_ = new CommandBars(main_, this);
-    MakePanes(source, preview);
+    MakePanes(source, preview.Widget());
+    Connect(preview);
     MakeStatusBar();
     surface_.code_page = [this] { return main_.texts.CodePageNumber(); };
     surface_.link_clicked = [this](const std::string& path, const QString& bookmark) {
@@ -101,6 +104,11 @@ void MainWindow::FollowFailures() {
                 LogFailedStep(main_, number, FromQt(text));
                 if (is_news) TellFailedStep(main_, FromQt(text));
             });
+}
+
+void MainWindow::Connect(PreviewPane& preview) {
+    preview.code_page = [this] { return main_.texts.CodePageNumber(); };
+    preview.belongs = [this](const std::string& path) { return IsFileOfProject(main_, path); };
 }
 
 void MainWindow::MakePanes(QWidget* source, QWidget* preview) {

@@ -18,6 +18,7 @@ class HelpWindow;
 class IndexPane;
 struct MainForm;
 class PaneArea;
+class PreviewPane;
 class TopicsPane;
 class WebSurface;
 
@@ -25,7 +26,7 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
     /// The window comes up when the logic makes it visible.
-    MainWindow(MainForm& main, WebSurface& surface, QWidget* source, QWidget* preview);
+    MainWindow(MainForm& main, WebSurface& surface, QWidget* source, PreviewPane& preview);
 
   signals:
     /// The run is over.
@@ -37,6 +38,7 @@ class MainWindow : public QMainWindow {
 
   private:
     void MakePanes(QWidget* source, QWidget* preview);
+    void Connect(PreviewPane& preview);
     void MakeContextMenu(QAbstractItemView* view, const char* menu);
     void MakeStatusBar();
     void FollowWindow();

@@ -53,6 +53,7 @@ PreviewPane::PreviewPane(FileSystem& files)
     : code_page([] { return CodePageOfMachine().number; }),
       open_external([](const QUrl& url) { QDesktopServices::openUrl(url); }),
       files_(files),
+      page_files_(files),
       stack_(new QStackedWidget),
       hint_(new QLabel) {
     stack_->setObjectName("PreviewArea");
@@ -62,9 +63,12 @@ PreviewPane::PreviewPane(FileSystem& files)
     hint_->setMargin(24);
     hint_->setTextFormat(Qt::PlainText);
     stack_->addWidget(hint_);
+    page_files_.belongs = [this](const std::string& path) { return belongs && belongs(path); };
 }
 
 PreviewPane::~PreviewPane() {
+    // Who could tell may be gone, and a page gets nothing any more.
+    belongs = nullptr;
     // A page must not outlive its profile.
     if (!stack_.isNull()) qDeleteAll(stack_->findChildren<QWidget*>(kWindowName));
     delete page_;
@@ -89,6 +93,10 @@ void PreviewPane::StartEngine() {
     auto* handler = new TopicSchemeHandler(
         files_, [this] { return code_page(); }, [this](const QUrl& url) { return Substitute(url); },
         profile_.get());
+    handler->may_serve = [this](const QUrl& url) { return page_files_.MayServe(url); };
+    handler->served = [this](const QUrl& url, std::string_view source, bool is_style_sheet) {
+        page_files_.NoteServed(url, source, is_style_sheet);
+    };
     profile_->installUrlSchemeHandler(kTopicScheme, handler);
     view_ = new PreviewView(stack_);
     view_->setObjectName("WebBrowser1");
@@ -121,6 +129,7 @@ void PreviewPane::Navigate(std::string_view target) {
     StartEngine();
     stack_->setCurrentWidget(view_);
     page_->ForgetDialogs();
+    page_files_.Forget();
     std::string path(target);
     QString bookmark;
     // A "#" may be part of the file's name.
@@ -209,11 +218,15 @@ std::optional<std::string> PreviewPane::Substitute(const QUrl& url) {
     if (!opening_.remove(WithoutBookmark(url))) return std::nullopt;
     const std::string path = PathOfUrl(url);
     if (IsAddress(path)) return PageForAddress(path);
+    const QString name = ToQt(files_.NativePath(path)).toHtmlEscaped();
+    if (!page_files_.MayServe(url)) {
+        return PageWith("The file " + name +
+                        " does not belong to the project. The preview shows no other files.");
+    }
     try {
         (void)files_.ReadFileHead(path, 0);
         return std::nullopt;
     } catch (const RuntimeError&) {
-        const QString name = ToQt(files_.NativePath(path)).toHtmlEscaped();
         return PageWith("The file " + name + " cannot be found.");
     }
 }

@@ -13,6 +13,7 @@
 
 #include "platform/file_system.hpp"
 #include "platform/surfaces.hpp"
+#include "ui/page_files.hpp"
 
 class QLabel;
 class QStackedWidget;
@@ -24,7 +25,8 @@ namespace quorrel {
 
 class PreviewPage;
 
-/// Scripts run, the network is closed. The engine is started by the first document.
+/// Scripts run, the network is closed, and of the disk a page gets what belongs to what is shown.
+/// The engine is started by the first document.
 class PreviewPane : public QObject, public WebBrowser {
     Q_OBJECT
   public:
@@ -43,6 +45,8 @@ class PreviewPane : public QObject, public WebBrowser {
 
     /// The code page of documents that name none.
     std::function<int()> code_page;
+    /// Whether pages may have the file with this full path. Unset, they get none.
+    std::function<bool(const std::string& path)> belongs;
     /// Opens an address with the desktop's own program.
     std::function<void(const QUrl&)> open_external;
 
@@ -59,6 +63,7 @@ class PreviewPane : public QObject, public WebBrowser {
     [[nodiscard]] std::optional<std::string> Substitute(const QUrl& url);
 
     FileSystem& files_;
+    PageFiles page_files_;
     QPointer<QStackedWidget> stack_;
     QPointer<QLabel> hint_;
     std::unique_ptr<QWebEngineProfile> profile_;

@@ -18,16 +18,6 @@ namespace {
 const QString kTopicHost = "topic";
 const QString kBlankHost = "blank";
 
-QByteArray MimeTypeOf(const std::string& path) {
-    const std::string name = LowerAscii(AfterLast(path, '\\'));
-    for (const char* ending : {".htm", ".html", ".xhtml", ".shtml", ".tmp"}) {
-        if (name.ends_with(ending)) return "text/html";
-    }
-    if (name.ends_with(".css")) return "text/css";
-    static const QMimeDatabase types;
-    return types.mimeTypeForFile(ToQt(name), QMimeDatabase::MatchExtension).name().toLatin1();
-}
-
 void Reply(QWebEngineUrlRequestJob* job, const QByteArray& type, const QByteArray& bytes) {
     auto* buffer = new QBuffer(job);
     buffer->setData(bytes);
@@ -77,6 +67,16 @@ QUrl BlankUrl() {
     return url;
 }
 
+QByteArray MimeTypeOf(std::string_view path) {
+    const std::string name = LowerAscii(AfterLast(path, '\\'));
+    for (const char* ending : {".htm", ".html", ".xhtml", ".shtml", ".tmp"}) {
+        if (name.ends_with(ending)) return "text/html";
+    }
+    if (name.ends_with(".css")) return "text/css";
+    static const QMimeDatabase types;
+    return types.mimeTypeForFile(ToQt(name), QMimeDatabase::MatchExtension).name().toLatin1();
+}
+
 QByteArray HtmlForEngine(const std::string& text) {
     return "\xEF\xBB\xBF" + QByteArray::fromStdString(text);
 }
@@ -95,17 +95,25 @@ void TopicSchemeHandler::requestStarted(QWebEngineUrlRequestJob* job) {
     // Nothing may be raised through the engine, which called this.
     try {
         if (const auto text = document_(url)) return Reply(job, "text/html", HtmlForEngine(*text));
-        const std::string path = PathOfUrl(url);
-        const std::string bytes = files_.ReadFile(path);
-        const QByteArray type = MimeTypeOf(path);
-        if (type != "text/html") return Reply(job, type, QByteArray::fromStdString(bytes));
-        const int code_page = code_page_();
-        Reply(job, type, HtmlForEngine(DecodeText(bytes, TopicEncoding(bytes, code_page))));
+        if (may_serve && !may_serve(url)) return job->fail(QWebEngineUrlRequestJob::RequestDenied);
+        ReplyWithFile(job, PathOfUrl(url));
     } catch (const RuntimeError&) {
         job->fail(QWebEngineUrlRequestJob::UrlNotFound);
     } catch (const std::bad_alloc&) {
         job->fail(QWebEngineUrlRequestJob::RequestFailed);
     }
+}
+
+void TopicSchemeHandler::ReplyWithFile(QWebEngineUrlRequestJob* job, const std::string& path) {
+    const std::string bytes = files_.ReadFile(path);
+    const QByteArray type = MimeTypeOf(path);
+    if (type != "text/html") {
+        if (served && type == "text/css") served(job->requestUrl(), bytes, true);
+        return Reply(job, type, QByteArray::fromStdString(bytes));
+    }
+    const std::string text = DecodeText(bytes, TopicEncoding(bytes, code_page_()));
+    if (served) served(job->requestUrl(), text, false);
+    Reply(job, type, HtmlForEngine(text));
 }
 
 }  // namespace quorrel

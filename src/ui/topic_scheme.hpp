@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/file_system.hpp"
 
@@ -28,6 +29,9 @@ void RegisterTopicScheme();
 /// A URL of an empty document.
 [[nodiscard]] QUrl BlankUrl();
 
+/// The type of a file, by its name.
+[[nodiscard]] QByteArray MimeTypeOf(std::string_view path);
+
 /// UTF-8 HTML as the engine is to have it: with a byte-order mark, which overrules whatever the
 /// text says of its encoding.
 [[nodiscard]] QByteArray HtmlForEngine(const std::string& text);
@@ -41,9 +45,16 @@ class TopicSchemeHandler : public QWebEngineUrlSchemeHandler {
     TopicSchemeHandler(FileSystem& files, std::function<int()> code_page, Document document,
                        QObject* parent);
 
+    /// Says no to a file that the page must not have; unset, it may have all.
+    std::function<bool(const QUrl&)> may_serve;
+    /// Hears the source of each page and style sheet that is served.
+    std::function<void(const QUrl&, std::string_view source, bool is_style_sheet)> served;
+
     void requestStarted(QWebEngineUrlRequestJob* job) override;
 
   private:
+    void ReplyWithFile(QWebEngineUrlRequestJob* job, const std::string& path);
+
     FileSystem& files_;
     std::function<int()> code_page_;
     Document document_;

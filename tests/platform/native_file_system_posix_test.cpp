@@ -107,6 +107,15 @@ TEST_F(PosixFiles, NamesThatAreNoUtf8ComeBack) {
     EXPECT_EQ(folder.Read("dir\xFF/n\xC3me\xE9.htm.bak"), "y");
 }
 
+TEST_F(PosixFiles, TheRealPathHasNoLinks) {
+    folder.Write("there/File.txt", "x");
+    fs::create_symlink(folder.Native("there"), folder.Native("here"));
+    EXPECT_EQ(files.RealPath(Path("HERE/file.txt")),
+              files.WindowsPath(fs::canonical(folder.Native("there/File.txt")).string()));
+    EXPECT_EQ(files.RealPath(Path("here/none.txt")), "");
+    EXPECT_EQ(files.RealPath(""), "");
+}
+
 TEST_F(PosixFiles, APipeIsNotWaitedFor) {
     ASSERT_EQ(mkfifo(folder.Native("pipe").c_str(), 0600), 0);
     EXPECT_EQ(NumberOf([&] { (void)files.ReadFile(Path("pipe")); }), 70);

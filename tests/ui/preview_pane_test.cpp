@@ -13,9 +13,11 @@
 #include <QWebEnginePage>
 #include <QWebEngineView>
 
+#include <filesystem>
 #include <string>
 
 #include "platform/text.hpp"
+#include "project/project_files.hpp"
 #include "support/scratch_folder.hpp"
 #include "ui/engine_page.hpp"
 #include "ui/modal_script.hpp"
@@ -29,6 +31,9 @@ struct Preview : testing::Test {
     Preview() {
         pane.Widget()->resize(400, 300);
         pane.Widget()->show();
+        pane.belongs = [this](const std::string& path) {
+            return LiesBelow(files, path, folder.Windows(project));
+        };
         pane.open_external = [this](const QUrl& url) { opened << url.toString(); };
     }
     QString Evaluate(const QString& script) {
@@ -56,6 +61,7 @@ struct Preview : testing::Test {
     }
 
     ScratchFolder folder;
+    std::string project;  // the folder that pages may look into
     NativeFileSystem files;
     ModalScript dialogs;
     QStringList opened;
@@ -199,6 +205,86 @@ TEST_F(Preview, OnlyTheUsersClickLeadsOut) {
     EXPECT_TRUE(WaitFor([&] { return !opened.isEmpty(); }));
     EXPECT_EQ(Evaluate("document.getElementById('p').textContent"), "ran");
     EXPECT_EQ(opened.size(), 1) << FromQt(opened.join(' '));
+}
+
+TEST_F(Preview, AScriptReadsNothingThatLiesElsewhere) {
+    project = "help";
+    folder.Write("secret.htm", "<body>secret");
+    folder.Write("secret.png", "secret");
+    folder.Write("secret", "secret");
+    folder.Write("help-me/secret.htm", "secret");
+    namespace fs = std::filesystem;
+    fs::create_directories(folder.Native("help/sub"));
+    fs::create_symlink(folder.Native("secret"), folder.Native("help/link.htm"));
+    fs::create_symlink(folder.Native(), folder.Native("help/out"));
+    folder.Write("help/own.htm", "<body>own");
+    folder.Write("help/a.htm", R"(<body><p id=p></p><script>
+const whole = decodeURI(location.pathname.replace(/[^/]*$/, ''));
+const ways = ['../secret.htm', '../secret', '%2e%2e/secret', '..%5csecret', '..%2fsecret',
+  'sub%5c..%5c..%5csecret', '..\secret.htm', '../help-me/secret.htm', '../HELP-ME/secret.htm',
+  'link.htm', 'LINK.HTM', 'out/secret.htm', 'out/help/../secret.htm', whole + '../secret.htm',
+  '/z:/etc/passwd', '/Z:/etc/passwd', '/Z:/Z:/etc/passwd', '/etc/passwd', '//etc/passwd',
+  '///etc/passwd', '/C:/../etc/passwd', 'file:///etc/passwd', location.protocol +
+  '//topic/Z:/etc/passwd', location.protocol + '//x.topic/Z:/etc/passwd', '../secret.png'];
+const got = [];
+const take = (way, text) => { if (/secret|root:/.test(text)) got.push(way); };
+const ask = way => new Promise(end => {
+  const request = new XMLHttpRequest();
+  request.onloadend = () => end(request.responseText);
+  try { request.open('GET', way); request.send(); } catch (e) { end(''); }
+});
+const frame = way => new Promise(end => {
+  const made = document.createElement('iframe');
+  made.onload = () => end(made.contentDocument?.body?.innerText ?? '');
+  made.src = way;
+  document.body.append(made);
+});
+(async () => {
+  for (const way of ways) take('request ' + way, await ask(way));
+  for (const way of ways.filter(way => !way.startsWith('file'))) {
+    take('frame ' + way, (await frame(way)).replace(/The file .* (belong|found).*/, ''));
+  }
+  if (!/own/.test(await ask('own.htm')) || !/own/.test(await frame('own.htm'))) got.push('none');
+  document.getElementById('p').textContent = 'got: ' + got.join(', ');
+})();
+</script>)");
+    Go("help/a.htm");
+    EXPECT_TRUE(Becomes("document.getElementById('p').textContent", "got: "));
+    Go("secret.htm");
+    EXPECT_TRUE(Shows("The file " + ToQt(folder.Native("secret.htm")) +
+                      " does not belong to the project. The preview shows no other files."));
+}
+
+TEST_F(Preview, PicturesAndStylesElsewhereAreShownWhereTheTopicNamesThem) {
+    project = "help";
+    const std::string dot = "<svg xmlns='http://www.w3.org/2000/svg' width='40' height='30'></svg>";
+    for (const char* name : {"shared/a.svg", "shared/b.svg", "shared/c.svg"}) {
+        folder.Write(name, dot);
+    }
+    folder.Write("shared/s.css", "p{color:rgb(1, 2, 3);background:url(b.svg)}");
+    folder.Write("shared/t.htm", "<body>text");
+    folder.Write("secret", dot);
+    std::filesystem::create_symlink(folder.Native("secret"), folder.Native("shared/link.svg"));
+    folder.Write("help/a.htm",
+                 "<link rel=stylesheet href=../shared/s.css><body><p id=p>p</p>"
+                 "<img id=i src=..\\Shared\\A.svg><img id=l src=../shared/link.svg>"
+                 "<iframe id=f src=../shared/t.htm></iframe>");
+    Go("help/a.htm");
+    const auto is_loaded = [this](const QString& way) {
+        Evaluate(
+            "size = 'none'; img = new Image(); img.onload = () => size = img.naturalWidth; "
+            "img.onerror = () => size = 0; img.src = '" +
+            way + "'; 0");
+        EXPECT_TRUE(WaitFor([&] { return Evaluate("size") != "none"; })) << FromQt(way);
+        return Evaluate("size") == "40";
+    };
+    EXPECT_TRUE(Becomes("document.getElementById('i').naturalWidth", "40"));
+    EXPECT_TRUE(Becomes("getComputedStyle(document.getElementById('p')).color", "rgb(1, 2, 3)"));
+    EXPECT_TRUE(Becomes("document.getElementById('f').contentDocument.body.innerText.slice(-22)",
+                        " shows no other files."));
+    EXPECT_TRUE(is_loaded("../shared/b.svg")) << "a style sheet names its pictures";
+    EXPECT_FALSE(is_loaded("../shared/c.svg")) << "nothing names it";
+    EXPECT_FALSE(is_loaded("../shared/link.svg")) << "it leads to no picture";
 }
 
 /// An address of this machine that a proxy would be asked for, which it is not for the loop back.

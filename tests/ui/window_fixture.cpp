@@ -35,7 +35,7 @@ WindowFixture::Run::Run(NativeFileSystem& files)
       preview(files),
       main({files, screen, surface, source, preview, shell},
            files.WindowsPath(NativeSettingsFolder()), MachineCodePage{}),
-      window(main, surface, source.Widget(), preview.Widget()) {}
+      window(main, surface, source.Widget(), preview) {}
 
 WindowFixture::WindowFixture() {
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder.Native("config")));
