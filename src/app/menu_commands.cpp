@@ -161,7 +161,7 @@ void fileopen_Click(MainForm& main) {
     // The user may have stayed with the document that was open.
     if (main.editor.main_path != path) return;
     const auto title = ScanTopicTitle(main.DHTMLEdit1.DocumentHTML(), path);
-    main.window.StatusBar1.SetPanel(1, title.value_or(std::string()));
+    main.window.StatusBar1.SetPanel(1, TitleText(title.value_or(std::string())));
     main.window.StatusBar1.SetPanel(2, main.files.NativePath(path));
 }
 

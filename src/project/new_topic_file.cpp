@@ -3,6 +3,7 @@
 #include "app/main_form.hpp"
 #include "platform/text.hpp"
 #include "platform/topic_encoding.hpp"
+#include "project/topic_title.hpp"
 
 namespace quorrel {
 namespace {
@@ -25,7 +26,8 @@ void WriteNewTopic(MainForm& main, std::string_view path, std::string_view title
                    const std::string& template_path) {
     const std::string bytes = TemplateBytes(main, template_path);
     const TextEncoding encoding = TopicEncoding(bytes, main.texts.CodePageNumber());
-    const std::string text = ReplaceAll(DecodeText(bytes, encoding), kTitleMark, title);
+    const std::string text =
+        ReplaceAll(DecodeText(bytes, encoding), kTitleMark, TitleInHtml(title));
     MakeFolder(main.files, BeforeLast(path, '\\', {}));
     WriteWhole(main.files, path, TopicBytes(text, encoding));
 }

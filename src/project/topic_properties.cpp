@@ -13,6 +13,7 @@
 #include "project/keyword_cell.hpp"
 #include "project/save_project.hpp"
 #include "project/topic_identifier.hpp"
+#include "project/topic_title.hpp"
 #include "project/working_copy.hpp"
 
 namespace quorrel {
@@ -64,7 +65,8 @@ void SaveTopicProperties(MainForm& main) {
     row.SetSubItem(topic_cell::kInteger, main.window.EditInteger.Text());
     // A new title may have moved the row.
     topics.current_topic_index = topics.ListTopics.PositionOf(row);
-    SetDocumentTitle(main, main.window.EditTitle.Text());
+    // An author who has changed nothing but a keyword finds the topic's source as it was.
+    if (row.Text() != old_title) SetDocumentTitle(main, row.Text());
     main.editor.ActiveDirty = true;
     main.project.project_dirty = true;
     SaveTopicKeywords(main, row, old_title);
@@ -87,7 +89,7 @@ void SetDocumentTitle(MainForm& main, std::string_view title) {
     WaitForSurface(main);
     TakeBackSource(main);
     const std::string old_text = surface.DocumentHTML();
-    const std::string new_text = WithTitle(old_text, title);
+    const std::string new_text = WithTitle(old_text, TitleInHtml(title));
     if (new_text == old_text) return;
     const std::string base = surface.BaseURL();
     surface.SetDocumentHTML(new_text);

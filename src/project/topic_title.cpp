@@ -1,5 +1,6 @@
 #include "project/topic_title.hpp"
 
+#include "editor/html_references.hpp"
 #include "platform/failure.hpp"
 #include "platform/text.hpp"
 #include "platform/text_lines.hpp"
@@ -15,6 +16,13 @@ constexpr std::size_t kHeadSize = std::size_t{16} << 10;
 std::string_view WholeLines(std::string_view head) {
     const std::size_t end = head.find_last_of("\r\n");
     return end == npos ? std::string_view{} : head.substr(0, end + 1);
+}
+
+bool HasLoneByte(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        if (IsLoneByte(NextCodePoint(text, at))) return true;
+    }
+    return false;
 }
 
 }  // namespace
@@ -48,8 +56,45 @@ std::optional<std::string> ScanTopicTitle(std::string_view text, std::string_vie
     return std::nullopt;
 }
 
-std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view path, int code_page,
-                                          TitlePieces pieces) {
+std::string TitleText(std::string_view html) {
+    std::string text;
+    for (std::size_t at = 0; at < html.size();) {
+        std::string characters;
+        const std::size_t length =
+            html[at] != '&'
+                ? 0
+                : html::DecodeReference(html, at, html::ReferencePlace::kText, characters);
+        // "AT&T" and "Tips &copies" are no references.
+        if (length > 0 && html[at + length - 1] == ';') {
+            text += characters;
+            at += length;
+        } else {
+            text += html[at++];
+        }
+    }
+    return text;
+}
+
+std::string TitleInHtml(std::string_view title) {
+    if (!Contains(title, "<") && TitleText(title) == title) return std::string(title);
+    return ReplaceAll(ReplaceAll(title, "&", "&amp;"), "<", "&lt;");
+}
+
+namespace {
+
+/// The title in an encoding that the file tells, or in the code page if it does not fit that one.
+std::optional<std::string> DecodedTitle(std::string_view bytes, const TextEncoding& encoding,
+                                        int code_page, std::string_view path, TitlePieces pieces) {
+    auto title = ScanTopicTitle(DecodeText(bytes, encoding), path, pieces);
+    if (!title || !HasLoneByte(*title)) return title;
+    const TextEncoding ansi{TextEncoding::Form::kAnsi, code_page};
+    auto other = ScanTopicTitle(DecodeText(bytes, ansi), path, pieces);
+    return other && !HasLoneByte(*other) ? other : title;
+}
+
+/// As it stands in the file.
+std::optional<std::string> FindTitle(FileSystem& files, std::string_view path, int code_page,
+                                     TitlePieces pieces) {
     try {
         std::string bytes = files.ReadFileHead(path, kHeadSize);
         const bool is_head = bytes.size() == kHeadSize;
@@ -61,7 +106,7 @@ std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view pa
             auto title = ScanTopicTitle(WholeLines(bytes), path, pieces);
             if (title && IsAscii(*title)) return title;
             if (title && told) {
-                return ScanTopicTitle(DecodeText(WholeLines(bytes), *told), path, pieces);
+                return DecodedTitle(WholeLines(bytes), *told, code_page, path, pieces);
             }
         }
         if (is_head) bytes = files.ReadFile(path);
@@ -70,10 +115,19 @@ std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view pa
             auto title = ScanTopicTitle(bytes, path, pieces);
             if (!title || IsAscii(*title)) return title;
         }
-        return ScanTopicTitle(DecodeText(bytes, TopicEncoding(bytes, code_page)), path, pieces);
+        return DecodedTitle(bytes, TopicEncoding(bytes, code_page), code_page, path, pieces);
     } catch (const RuntimeError&) {
         return std::nullopt;
     }
+}
+
+}  // namespace
+
+std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view path, int code_page,
+                                          TitlePieces pieces) {
+    auto title = FindTitle(files, path, code_page, pieces);
+    if (title) title = TitleText(*title);
+    return title;
 }
 
 }  // namespace quorrel

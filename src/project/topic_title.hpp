@@ -20,8 +20,15 @@ enum class TitlePieces { kAsFound, kTrimmed };
                                                         std::string_view path,
                                                         TitlePieces pieces = TitlePieces::kAsFound);
 
-/// The same from the file, in its own encoding (`code_page` where it tells none), with no more
-/// of it read than needed. Nothing for a file that does not exist or cannot be read.
+/// A title as authors see it: with the characters that references in it stand for.
+[[nodiscard]] std::string TitleText(std::string_view html);
+/// A title as it goes into a topic's source: as it stands, unless TitleText or a browser would
+/// take a part of it for a reference or a tag.
+[[nodiscard]] std::string TitleInHtml(std::string_view title);
+
+/// The TitleText of a topic file, in its own encoding (`code_page` where it tells none, or one that
+/// the title does not fit), with no more of it read than needed. Nothing for a file that does not
+/// exist or cannot be read.
 [[nodiscard]] std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view path,
                                                         int code_page,
                                                         TitlePieces pieces = TitlePieces::kAsFound);

@@ -39,6 +39,25 @@ TEST(TopicTitle, IsReadInTheTopicsOwnEncoding) {
     EXPECT_EQ(ReadTopicTitle(files, folder.Windows(), 1252), std::nullopt);
 }
 
+TEST(TopicTitle, ReferencesAreReadAsCharactersAndWrittenOnlyWhereNeeded) {
+    EXPECT_EQ(TitleText("&#1063;&#x430;&#1081; &eacute; Q&amp;A AT&T &copies &nope;"),
+              "Чай é Q&A AT&T &copies &nope;");
+    for (const char* title : {"Q&A", "Tips & Tricks", "a > b", "Чай &nope;"}) {
+        EXPECT_EQ(TitleInHtml(title), title);
+    }
+    EXPECT_EQ(TitleInHtml("a < b & &lt;"), "a &lt; b &amp; &amp;lt;");
+    EXPECT_EQ(TitleText(TitleInHtml("a < b & &lt;")), "a < b & &lt;");
+    const test::ScratchFolder folder;
+    NativeFileSystem files;
+    const auto read = [&](const std::string& html) {
+        folder.Write("t.htm", html);
+        return ReadTopicTitle(files, folder.Windows("t.htm"), 1251).value_or("(none)");
+    };
+    EXPECT_EQ(read("<title>&#1063;\xE0</title>"), "Ча");
+    EXPECT_EQ(read("<meta charset=utf-8><title>\xD7\xE0\xE9</title>"), "Чай") << "no UTF-8 at all";
+    EXPECT_EQ(read("<meta charset=utf-8><title>Чай</title>"), "Чай");
+}
+
 TEST(TopicTitle, IsFoundBehindALongHead) {
     const test::ScratchFolder folder;
     NativeFileSystem files;
