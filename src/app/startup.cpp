@@ -206,7 +206,9 @@ bool Form_QueryUnload(MainForm& main) {
         return false;
     }
     CommitContentsItem(main);
-    return PromptSaveChanges(main) != save_prompt::kCancelled;
+    const int answer = PromptSaveChanges(main);
+    if (answer == save_prompt::kDiscarded) ClearTempFiles(main);
+    return answer != save_prompt::kCancelled;
 }
 
 void Form_Unload(MainForm& main) {

@@ -1,5 +1,7 @@
 #include "project/form_create_project.hpp"
 
+#include <span>
+
 #include "app/main_form.hpp"
 #include "platform/text.hpp"
 #include "project/form_new_topic.hpp"
@@ -37,8 +39,29 @@ void FormCreateProject::Command1_Click() {
     EditTitle.SetFocus();
 }
 
+std::string FormCreateProject::OtherFilesInTheWay() const {
+    constexpr std::string_view kHtmlHelp[] = {".hhc", ".hhk", ".h", ".ali"};
+    constexpr std::string_view kJavaHelp[] = {"TOC.xml", "Index.xml", ".jhm"};
+    const bool javahelp = main_.settings.is_javahelp_edition;
+    std::string names;
+    for (const std::string_view ending : javahelp ? std::span<const std::string_view>(kJavaHelp)
+                                                  : std::span<const std::string_view>(kHtmlHelp)) {
+        const std::string file = std::string(BaseName(EditProject.Text())).append(ending);
+        if (main_.files.FileExists(file)) names += main_.files.NativePath(file) + "\r\n";
+    }
+    return names;
+}
+
 bool FormCreateProject::MayReplace() {
-    if (!main_.files.FileExists(EditProject.Text())) return true;
+    if (!main_.files.FileExists(EditProject.Text())) {
+        const std::string names = OtherFilesInTheWay();
+        return names.empty() ||
+               main_.screen.ShowMessage({"The new project would replace these files:\r\n\r\n" +
+                                             names + "\r\nDo you want to replace them?",
+                                         main_.settings.APP_NAME, MessageButtons::kYesNo,
+                                         MessageIcon::kExclamation, MessageAnswer::kNo}) ==
+                   MessageAnswer::kYes;
+    }
     return main_.screen.ShowMessage({"A project with this name aleady exists. Overwrite it?",
                                      main_.settings.APP_NAME, MessageButtons::kYesNoCancel,
                                      MessageIcon::kExclamation, MessageAnswer::kNo}) ==
@@ -88,6 +111,7 @@ void FormCreateProject::OKButton_Click() {
         EditProject.Text = EditProject.Text() + (javahelp ? ".hs" : ".hhp");
     }
     if (!MayReplace() || !MakeProjectFolder()) return;
+    if (discards_changes) ClearTempFiles(main_);
     ForgetUnsavedWork(main_);
     main_.unsaved.is_open = false;
     project.proj = EditProject.Text();
@@ -126,8 +150,10 @@ std::string FormCreateProject::WindowsPath(std::string_view native) const {
 }
 
 void FileNewProject_Click(MainForm& main) {
-    if (PromptSaveChanges(main) == save_prompt::kCancelled) return;
+    const int answer = PromptSaveChanges(main);
+    if (answer == save_prompt::kCancelled) return;
     FormCreateProject form(main);
+    form.discards_changes = answer == save_prompt::kDiscarded;
     main.screen.ShowModal(form);
 }
 

@@ -26,6 +26,10 @@ class FormCreateProject : public Form {
     Control Command1;  // "Select >>"
     Control OKButton;
 
+    /// The open project has changes that the author does not want. They go when another project
+    /// takes its place.
+    bool discards_changes = false;
+
     void Command1_Click();
     /// Nothing of the project file itself is written: that is left to the first save.
     void OKButton_Click();
@@ -36,6 +40,8 @@ class FormCreateProject : public Form {
     [[nodiscard]] std::string WindowsPath(std::string_view native) const;
 
   private:
+    /// The files beside the project file that its first save would replace, on lines of their own.
+    [[nodiscard]] std::string OtherFilesInTheWay() const;
     [[nodiscard]] bool MayReplace();
     [[nodiscard]] bool MakeProjectFolder();
     void NameFiles();

@@ -7,10 +7,10 @@
 #include "editor/save_html.hpp"
 #include "platform/controls/follow.hpp"
 #include "platform/text.hpp"
-#include "platform/unicode.hpp"
 #include "project/find_topic.hpp"
 #include "project/form_new_folder.hpp"
 #include "project/new_topic_file.hpp"
+#include "project/paths.hpp"
 #include "project/side_files.hpp"
 #include "project/topic_rows.hpp"
 #include "project/verify_map_ids.hpp"
@@ -156,10 +156,9 @@ KeyFields FormNewTopic::Keys() {
     return {ListKeys, EditKeyword, EditSubKey, CommandEdit, CommandDelete, keyword_editing_};
 }
 
-/// What the folder has beyond the project's one. It comes out in capitals, and so do the paths
-/// of the topics that are made there.
+/// What the folder has beyond the project's one.
 std::string FormNewTopic::FolderPart() const {
-    return ReplaceAll(UpperUnicode(Dir1.Path()), UpperUnicode(main_.project.proj_path), "");
+    return LocationOf(Dir1.Path(), main_.project.proj_path);
 }
 
 std::string FormNewTopic::FileWith(std::string_view name) const {
@@ -223,7 +222,7 @@ void FormNewTopic::Refuse(std::string_view text, const Control& control) {
 
 std::string FormNewTopic::CheckTopic() {
     ProjectState& project = main_.project;
-    if (!FindIgnoringCase(Dir1.Path(), project.proj_path)) {
+    if (FolderPart() == Dir1.Path()) {
         Refuse("HTML Topic files must be created in a directory within the project hierarchy.",
                Dir1);
         SetFolder(project.proj_path);
@@ -246,6 +245,18 @@ std::string FormNewTopic::CheckTopic() {
         return {};
     }
     return path;
+}
+
+bool FormNewTopic::MayWrite(const std::string& path) {
+    if (!main_.files.FileExists(path)) return true;
+    const MessageAnswer answer =
+        main_.screen.ShowMessage({"The file " + main_.files.NativePath(path) +
+                                      " exists already.\r\n\r\nDo you want to replace it?",
+                                  main_.settings.APP_NAME, MessageButtons::kYesNo,
+                                  MessageIcon::kExclamation, MessageAnswer::kNo});
+    if (answer == MessageAnswer::kYes) return true;
+    EditFile.SetFocus();
+    return false;
 }
 
 bool FormNewTopic::WriteFile(const std::string& path) {
@@ -319,7 +330,7 @@ void FormNewTopic::OkCmd_Click() {
     const bool is_template = IsTemplate();
     const std::string path =
         is_template ? main_.settings.Template_Dir + "\\" + EditFile.Text() : CheckTopic();
-    if (path.empty() || !WriteFile(path)) return;
+    if (path.empty() || !MayWrite(path) || !WriteFile(path)) return;
     CopyTopicSupport(main_, path);
     if (is_template) {
         ShowTemplate(path);

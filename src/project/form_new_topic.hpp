@@ -78,6 +78,8 @@ class FormNewTopic : public Form {
 
     /// The path of the new topic, or an empty one after a refusal.
     [[nodiscard]] std::string CheckTopic();
+    /// False if a file is there and the user wants to keep it.
+    [[nodiscard]] bool MayWrite(const std::string& path);
     [[nodiscard]] bool WriteFile(const std::string& path);
     [[nodiscard]] std::string Keywords() const;
     void AddToProject(const std::string& path);

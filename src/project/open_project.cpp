@@ -29,7 +29,6 @@ constexpr std::string_view kBothFilters =
     "JavaHelp HelpSet Files (*.hs)|*.hs|MS HTML Help Project Files (*.hhp)|*.hhp";
 
 std::string ChooseProject(MainForm& main) {
-    if (!main.project.recent_proj.empty()) return std::exchange(main.project.recent_proj, {});
     FileDialog dialog;
     dialog.title = "Open Project";
     dialog.filter = main.settings.is_javahelp_edition ? kBothFilters : kHtmlHelpFilter;
@@ -188,9 +187,13 @@ void UpdateCaption(MainForm& main) {
 }
 
 void OpenProject_Click(MainForm& main) {
-    if (PromptSaveChanges(main) == save_prompt::kCancelled) return;
-    std::string chosen = ChooseProject(main);
+    // Taken in any case: one that was left off is not to be opened by the next command.
+    std::string chosen = std::exchange(main.project.recent_proj, {});
+    const int answer = PromptSaveChanges(main);
+    if (answer == save_prompt::kCancelled) return;
+    if (chosen.empty()) chosen = ChooseProject(main);
     if (chosen.empty()) return;
+    if (answer == save_prompt::kDiscarded) ClearTempFiles(main);
     ProjectState& project = main.project;
     ForgetUnsavedWork(main);  // saved, or given up
     main.unsaved.is_open = false;

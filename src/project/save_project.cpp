@@ -298,7 +298,6 @@ int PromptSaveChanges(MainForm& main) {
         case MessageAnswer::kYes:
             return FileSave_Click(main) ? save_prompt::kSaved : save_prompt::kCancelled;
         case MessageAnswer::kNo:
-            ClearTempFiles(main);
             return save_prompt::kDiscarded;
         default:
             return save_prompt::kCancelled;

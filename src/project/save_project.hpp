@@ -30,7 +30,8 @@ inline constexpr int kDiscarded = 7;
 }  // namespace save_prompt
 
 /// Asks whether to save what has changed, and does so. Gives a save_prompt; after kCancelled,
-/// which a save that failed gives too, the caller must leave off.
+/// which a save that failed gives too, the caller must leave off. After kDiscarded nothing is
+/// lost yet: once it is sure that the project goes, the caller runs ClearTempFiles.
 int PromptSaveChanges(MainForm& main);
 
 }  // namespace quorrel

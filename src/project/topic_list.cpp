@@ -33,11 +33,11 @@ void poplstproperties_Click(MainForm& main) {
 }
 
 void poplstremove_Click(MainForm& main) {
-    RemoveTopic(main, false);
+    if (MayRemoveTopic(main, false)) RemoveTopic(main, false);
 }
 
 void poplstdelete_Click(MainForm& main) {
-    RemoveTopic(main, true);
+    if (MayRemoveTopic(main, true)) RemoveTopic(main, true);
 }
 
 void popcopyinteger_Click(MainForm& main) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "app/main_form.hpp"
 #include "contents/keyword_store.hpp"
@@ -24,14 +25,38 @@ void DeleteKeywords(MainForm& main, std::string_view cell, const std::string& pa
     for (const std::string& key : KeysOfCell(cell)) DeleteKeyFromIndex(main.keywords, key, path);
 }
 
-/// Removes the nodes that lead to the topic itself and to no bookmark in it. The node that moves
-/// up to the number of a removed one is passed over, so of two in a row the second stays.
+bool IsInside(const TreeNode* node, const TreeNode& top) {
+    for (; node != nullptr; node = node->Parent()) {
+        if (node == &top) return true;
+    }
+    return false;
+}
+
+struct GoingNodes {
+    std::vector<TreeNode*> nodes;  // those that lead to the topic
+    std::size_t below = 0;         // further ones inside of these
+};
+
+/// The nodes that go with a topic: they lead to it itself and to no bookmark in it. The node that
+/// moves up to the number of a removed one is passed over, so of two in a row the second stays.
+GoingNodes NodesOfTopic(TreeView& tree, const std::string& path) {
+    std::vector<TreeNode*> left;
+    for (int i = 1; i <= tree.Count(); ++i) left.push_back(&tree.At(i));
+    GoingNodes going;
+    for (std::size_t i = 0; i < left.size(); ++i) {
+        TreeNode* const node = left[i];
+        if (!EqualsIgnoringCase(UnpackNodeData(node->Tag).location, path)) continue;
+        going.nodes.push_back(node);
+        const std::size_t gone =
+            std::erase_if(left, [&](const TreeNode* other) { return IsInside(other, *node); });
+        going.below += gone - 1;
+    }
+    return going;
+}
+
 void RemoveNodes(ContentsState& contents, const std::string& path) {
-    TreeView& tree = contents.Tree1;
-    for (int i = 1; i <= tree.Count(); ++i) {
-        TreeNode& node = tree.At(i);
-        if (!EqualsIgnoringCase(UnpackNodeData(node.Tag).location, path)) continue;
-        tree.Remove(node);
+    for (TreeNode* node : NodesOfTopic(contents.Tree1, path).nodes) {
+        contents.Tree1.Remove(*node);
         contents.toc_dirty = true;
     }
 }
@@ -121,6 +146,27 @@ ListRow& AddTopic(MainForm& main, std::string_view title, std::string_view path,
         AddTopicNode(main.contents, title, path, alias);
     }
     return row;
+}
+
+bool MayRemoveTopic(MainForm& main, bool delete_file) {
+    const ListRow* row = main.topics.ListTopics.SelectedItem();
+    if (row == nullptr) return false;
+    const std::string& path = row->SubItems(topic_cell::kFullPath);
+    const std::size_t below = NodesOfTopic(main.contents.Tree1, path).below;
+    if (!delete_file && below == 0) return true;
+    std::string text;
+    if (delete_file) text = main.files.NativePath(path) + " will be deleted.\r\n\r\n";
+    if (below > 0) {
+        text += below == 1 ? "1 item of the contents that lies below the topic goes with it"
+                           : std::to_string(below) +
+                                 " items of the contents that lie below the topic go with it";
+        text += ".\r\n\r\n";
+    }
+    text += delete_file ? "Do you want to delete the topic?"
+                        : "Do you want to remove the topic from the project?";
+    return main.screen.ShowMessage({std::move(text), main.settings.APP_NAME, MessageButtons::kYesNo,
+                                    MessageIcon::kExclamation, MessageAnswer::kNo}) ==
+           MessageAnswer::kYes;
 }
 
 void RemoveTopic(MainForm& main, bool delete_file) {

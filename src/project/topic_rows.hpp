@@ -31,6 +31,10 @@ class OpenRowKeeper {
 ListRow& AddTopic(MainForm& main, std::string_view title, std::string_view path,
                   std::string_view keywords, std::string_view alias, std::string_view integer);
 
+/// Asks before the selected topic goes, if its file is to be deleted or if contents items that lie
+/// below it go with it. True where nothing is to be asked.
+[[nodiscard]] bool MayRemoveTopic(MainForm& main, bool delete_file);
+
 /// Takes the selected topic out of the project: its row, its keywords, its nodes in the contents.
 /// If it is open, the topic that is selected next is opened in its place. With `delete_file` its
 /// file and the working copy go as well.

@@ -89,6 +89,42 @@ TEST_F(NewProject, OfJavaHelpReplacesTheOldOneByItsFirstSave) {
     EXPECT_NE(folder.Read("java/guideIndex.xml"), "old") << "the index as well";
 }
 
+TEST_F(NewProject, ReplacesNothingUnasked) {
+    OpenDemo();
+    SelectAndOpen("first.htm");
+    surface.SetDocumentHTML("<title>First</title><body>edited");
+    ASSERT_TRUE(SetDirty(main));
+    folder.Write("other/guide.hhc", "mine");
+    folder.Write("other/FirstTopic.htm", "mine too");
+    screen.ExpectMessage(
+        "The current project has been modified.\r\n\r\nDo you want to save changes?",
+        MessageAnswer::kNo);
+    InDialog<FormCreateProject>("FormCreateProject", [&](FormCreateProject& form) {
+        form.EditProject.Text = folder.Windows("other/guide.hhp");
+        for (const MessageAnswer answer : {MessageAnswer::kNo, MessageAnswer::kYes}) {
+            EXPECT_TRUE(folder.Exists("demo/first.htm.tmp.htm"));
+            screen.ExpectMessage("The new project would replace these files:\r\n\r\n" +
+                                     folder.Native("other/guide.hhc") +
+                                     "\r\n\r\nDo you want to replace them?",
+                                 answer);
+            if (answer == MessageAnswer::kYes) {
+                screen.ExpectMessage("The file " + folder.Native("other/FirstTopic.htm") +
+                                         " exists already.\r\n\r\nDo you want to replace it?",
+                                     MessageAnswer::kNo);
+                InNewTopic([](FormNewTopic& topic) {
+                    topic.EditTitle.Text = std::string("Start");
+                    topic.OkCmd_Click();
+                });
+            }
+            form.OKButton_Click();
+        }
+    });
+    FileNewProject_Click(main);
+    EXPECT_FALSE(folder.Exists("demo/first.htm.tmp.htm"));
+    EXPECT_EQ(folder.Read("other/FirstTopic.htm"), "mine too");
+    EXPECT_EQ(main.project.project_def_topic, folder.Windows("other/Start.htm"));
+}
+
 TEST_F(NewProject, AFolderThatCannotBeMadeIsTold) {
     LoadSettings(main, "html");
     folder.Write("file", "");

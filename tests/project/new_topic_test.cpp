@@ -23,7 +23,7 @@ TEST_F(NewTopic, ComesFromATemplateIntoTableIndexContentsAndFolder) {
         form.EditTitle.Text = std::string("Über uns!");
         EXPECT_EQ(form.EditFile.Text(), "_ber_uns_.htm");
         form.SetFolder(Demo("html\\"));
-        EXPECT_EQ(form.EditFile.Text(), "\\HTML\\_ber_uns_.htm") << "the folder in capitals";
+        EXPECT_EQ(form.EditFile.Text(), "\\html\\_ber_uns_.htm");
         EXPECT_EQ(form.EditAlias.Text(), "_ber_uns_");
         EXPECT_EQ(form.EditKeyword.Text(), "Über uns!");
         form.Command1_Click();
@@ -41,17 +41,17 @@ TEST_F(NewTopic, ComesFromATemplateIntoTableIndexContentsAndFolder) {
               "<title>\334ber uns!</title>\n<body>\334ber uns!.");
     EXPECT_EQ(folder.Read("demo/html/master.js"), "the master.js");
     const ListRow& row = Topic("html\\_ber_uns_.htm");
-    EXPECT_EQ(row.SubItems(topic_cell::kFullPath), Demo("HTML\\_ber_uns_.htm"));
-    EXPECT_EQ(row.SubItems(topic_cell::kLocation), "\\HTML\\_ber_uns_.htm");
+    EXPECT_EQ(row.SubItems(topic_cell::kFullPath), Demo("html\\_ber_uns_.htm"));
+    EXPECT_EQ(row.SubItems(topic_cell::kLocation), "\\html\\_ber_uns_.htm");
     EXPECT_EQ(row.SubItems(topic_cell::kMapId), "IDH__ber_uns_");
     EXPECT_EQ(row.SubItems(topic_cell::kKeywords), "Bread    :loaf;Über uns!;");
     const ListView& index = main.keywords.ListKeywords;
-    EXPECT_EQ(index.At(2).SubItems(1), "Über uns!>" + Demo("HTML\\_ber_uns_.htm") + ";:");
+    EXPECT_EQ(index.At(2).SubItems(1), "Über uns!>" + Demo("html\\_ber_uns_.htm") + ";:");
     EXPECT_EQ(Outline(), "Über uns!3 ");
     EXPECT_EQ(Tree().SelectedItem()->Tag,
-              PackNodeData(Demo("HTML\\_ber_uns_.htm"), "IDH__ber_uns_", ""));
+              PackNodeData(Demo("html\\_ber_uns_.htm"), "IDH__ber_uns_", ""));
     EXPECT_TRUE(main.project.project_dirty);
-    EXPECT_EQ(main.editor.main_path, Demo("HTML\\_ber_uns_.htm"));
+    EXPECT_EQ(main.editor.main_path, Demo("html\\_ber_uns_.htm"));
     EXPECT_EQ(GetProj(main, "Settings", "last_path", ""), Demo("html"));
     EXPECT_EQ(GetProj(main, "Settings", "prefix list", ""), "IDH_,");
 
@@ -83,6 +83,20 @@ TEST_F(NewTopic, IsRefusedWhereItCannotBe) {
             "file name");
         form.OkCmd_Click();
         EXPECT_EQ(form.EditFile.Text(), "first.htm");
+
+        folder.Write("demo/there.htm", "mine");
+        folder.Write("demo2/there.htm", "another project's");
+        form.EditFile.Text = std::string("there.htm");
+        screen.ExpectMessage("The file " + folder.Native("demo/there.htm") +
+                                 " exists already.\r\n\r\nDo you want to replace it?",
+                             MessageAnswer::kNo);
+        form.OkCmd_Click();
+        EXPECT_EQ(folder.Read("demo/there.htm"), "mine");
+
+        form.SetFolder(folder.Windows("demo2"));
+        screen.ExpectMessage(
+            "HTML Topic files must be created in a directory within the project hierarchy.");
+        form.OkCmd_Click();
 
         form.SetFolder(folder.Windows("inst"));
         screen.ExpectMessage(

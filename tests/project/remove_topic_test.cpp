@@ -34,6 +34,17 @@ TEST_F(RemovedTopic, LeavesIndexAndContents) {
     AddNode(nullptr, "e", "third.htm");
     main.contents.toc_dirty = main.project.project_dirty = false;
     Topics().Select(&Topic("third.htm"));
+    const std::string below =
+        "1 item of the contents that lies below the topic goes with it.\r\n\r\nDo you want to ";
+    screen.ExpectMessage(
+        folder.Native("demo/third.htm") + " will be deleted.\r\n\r\n" + below + "delete the topic?",
+        MessageAnswer::kNo);
+    EXPECT_TRUE(RunCommand(main, "poplstdelete"));
+    screen.ExpectMessage(below + "remove the topic from the project?", MessageAnswer::kNo);
+    EXPECT_TRUE(RunCommand(main, "poplstremove"));
+    EXPECT_EQ(Topics().Count(), 3);
+    EXPECT_EQ(Tree().Count(), 6);
+    screen.ExpectMessage(below + "remove the topic from the project?", MessageAnswer::kYes);
     EXPECT_TRUE(RunCommand(main, "poplstremove"));
     EXPECT_EQ(Outline(), "b3 d3 ") << "the node behind a removed one is passed over";
     EXPECT_TRUE(main.contents.toc_dirty);

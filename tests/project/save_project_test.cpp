@@ -101,6 +101,18 @@ TEST_F(SaveProjectTest, ThePromptSavesDiscardsOrStays) {
     ASSERT_TRUE(SetDirty(main));
     screen.ExpectMessage(kQuestion, MessageAnswer::kNo);
     EXPECT_EQ(PromptSaveChanges(main), save_prompt::kDiscarded);
+    EXPECT_TRUE(folder.Exists("p/a.htm.tmp.htm")) << "nothing has taken the project's place yet";
+    screen.ExpectMessage(kQuestion, MessageAnswer::kNo);
+    screen.ExpectFileDialog("");
+    OpenProject_Click(main);
+    EXPECT_TRUE(folder.Exists("p/a.htm.tmp.htm"));
+    EXPECT_TRUE(main.project.project_dirty);
+    screen.ExpectMessage(kQuestion, MessageAnswer::kCancel);
+    EXPECT_TRUE(OpenRecentProject(main, main.project.proj));
+    EXPECT_EQ(main.project.recent_proj, "") << "it is not opened by the next command";
+    EXPECT_EQ(surface.DocumentHTML(), kChanged);
+    screen.ExpectMessage(kQuestion, MessageAnswer::kNo);
+    EXPECT_TRUE(Form_QueryUnload(main));
     EXPECT_FALSE(folder.Exists("p/a.htm.tmp.htm"));
     EXPECT_EQ(folder.Read("p/a.htm"), kTopicA);
 

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
@@ -178,6 +179,9 @@ TEST_F(NewTopicsByHand, RowsOfTheTopicListAreCopiedDraggedAndRemoved) {
     EXPECT_EQ(Main().contents.drag_source, -1);
     Main().window.TabStrip2.SelectedIndex = right_tab::kNormal;
 
+    dialogs.Expect("Message", [](QWidget& box) {
+        static_cast<QMessageBox&>(box).button(QMessageBox::Yes)->click();
+    });
     run->window.findChild<QAction*>("poplstdelete")->trigger();
     EXPECT_TRUE(QTest::qWaitFor([&] { return topics->model()->rowCount() == 2; }));
     EXPECT_EQ(Column(topics), (QStringList{"Apple", "Zebra"}));
