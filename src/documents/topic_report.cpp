@@ -174,11 +174,12 @@ void WriteReport(MainForm& main) {
     });
     main.files.CopyFile(main.settings.Template_Dir + "\\report.css", folder + "\\report.css",
                         false);
-    for (const auto& [file, content] :
-         {std::pair(folder + "\\report.txt", &report.text), {ReportPath(main), &report.html}}) {
+    const auto write = [&](const std::string& file, const std::string& content) {
         main.files.DeleteFile(file);
-        Try([&] { main.texts.Write(file, *content); });
-    }
+        Try([&] { main.texts.Write(file, content); });
+    };
+    write(folder + "\\report.txt", report.text);
+    write(ReportPath(main), report.html);
 }
 
 }  // namespace quorrel
