@@ -13,6 +13,7 @@
 #include <QWebEngineSettings>
 #include <utility>
 
+#include "editor/surface_limits.hpp"
 #include "platform/code_page.hpp"
 #include "platform/failure.hpp"
 #include "platform/text.hpp"
@@ -193,7 +194,21 @@ void WebSurface::Show() {
     tries_ = 0;
     busy_ = true;
     busy_since_.start();
-    load_timer_.start();
+    if (FitsSurface(source_)) return load_timer_.start();
+    ShowNothing(ToQt(TooLargeMessage()));
+    EndLoad();
+}
+
+void WebSurface::ShowNothing(const QString& why) {
+    load_timer_.stop();
+    url_.clear();
+    busy_ = false;
+    if (!page_.isNull()) {
+        // Nobody types into what is not shown.
+        page_->settings()->setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
+        page_->Show(BlankUrl());
+    }
+    ShowHint(why);
 }
 
 void WebSurface::StartLoad() {
@@ -249,15 +264,7 @@ void WebSurface::NewDocument(std::string_view why) {
     next_bookmark_.clear();
     bookmark_.clear();
     Show();
-    load_timer_.stop();
-    url_.clear();
-    busy_ = false;
-    if (!page_.isNull()) {
-        // Nobody types into what is not shown.
-        page_->settings()->setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
-        page_->Show(BlankUrl());
-    }
-    ShowHint(ToQt(why));
+    ShowNothing(ToQt(why));
 }
 
 void WebSurface::ShowHint(const QString& text) {

@@ -129,6 +129,8 @@ class WebSurface : public QObject, public EditSurface {
     void BuildPane();
     void ConnectPage();
     void Show();
+    /// An empty page behind a hint.
+    void ShowNothing(const QString& why);
     void StartLoad();
     QJsonObject Setup() const;
     QJsonObject LookForPage() const;
