@@ -2,6 +2,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTabBar>
 #include <QTest>
@@ -41,6 +42,38 @@ class EditRoad : public WindowFixture {
         ASSERT_TRUE(TopicShows(text));
     }
 };
+
+TEST_F(EditRoad, ATopicTooLargeForTheSurfaceIsEditedAsSource) {
+    WriteProject();
+    std::string text = "<html><head><title>Apple</title></head>\r\n<body><p>\r\n";
+    for (int i = 0; i < 30'000; ++i) text += "<b>w</b>\r\n";
+    text += "</p></body></html>\r\n";
+    const std::string file = "demo & more/html/second.htm";
+    folder.Write(file, text);
+    OpenFirst();
+    ASSERT_TRUE(TopicShows("first body"));
+    ClickContents("Inside");
+    auto* hint = Find<QLabel>("TopicHint");
+    EXPECT_TRUE(hint->isVisible());
+    EXPECT_TRUE(hint->text().contains("too large"));
+    EXPECT_FALSE(run->surface.Busy());
+    ClickTab(right_tab::kSource);
+    auto* editor = Find<SourceEditor>("Source1");
+    EXPECT_EQ(run->source.Text(), text);
+    QTest::keyClick(editor, Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClicks(editor, "<!-- added -->");
+    ClickTab(right_tab::kNormal);
+    EXPECT_TRUE(hint->isVisible());
+    Find<QAction>("FileSave")->trigger();
+    EXPECT_EQ(folder.Read(file), text + "<!-- added -->");
+    ClickContents("Start");
+    ASSERT_TRUE(TopicShows("first body"));
+    EXPECT_FALSE(hint->isVisible());
+    ClickContents("Inside");
+    EXPECT_TRUE(hint->isVisible());
+    ClickTab(right_tab::kSource);
+    EXPECT_EQ(run->source.Text(), text + "<!-- added -->");
+}
 
 TEST_F(EditRoad, FromAClickToTheSavedFilesAndBack) {
     StartAndOpen();
