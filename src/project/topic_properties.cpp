@@ -1,6 +1,8 @@
 #include "project/topic_properties.hpp"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "app/main_form.hpp"
 #include "contents/keyword_spelling.hpp"
@@ -40,11 +42,13 @@ void LoadTopicProperties(MainForm& main) {
         window.EditTitle.Text = row.Text();
         window.EditAlias.Text = row.SubItems(topic_cell::kMapId);
         window.EditInteger.Text = row.SubItems(topic_cell::kInteger);
+        std::vector<std::string> keys;
         for (const std::string& entry : KeysOfCell(row.SubItems(topic_cell::kKeywords))) {
             const std::string key = entry.substr(0, entry.find("##"));
             if (KeywordRow(main.keywords.ListKeywords, key) == nullptr) continue;
-            window.ListKeys.AddItem(ShownKey(entry));
+            keys.push_back(ShownKey(entry));
         }
+        window.ListKeys.AddItems(std::move(keys));
     }
     if (window.ListKeys.ListCount() > 0) {
         window.ListKeys.ListIndex = 0;

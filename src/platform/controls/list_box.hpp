@@ -2,7 +2,10 @@
 #pragma once
 
 #include <algorithm>
+#include <iterator>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/controls/text_list.hpp"
 #include "platform/unicode.hpp"
@@ -21,6 +24,27 @@ class ListBox : public TextList {
         new_index_ = static_cast<int>(place - items_.begin());
         items_.insert(place, std::move(text));
         if (ListIndex >= new_index_) ListIndex = ListIndex + 1;
+        changed.Emit();
+    }
+    /// The same for many lines in a row; it is told once.
+    void AddItems(std::vector<std::string> lines) {
+        if (lines.empty()) return;
+        const auto before = [](const std::string& a, const std::string& b) {
+            return CompareIgnoringCase(a, b) < 0;
+        };
+        const std::string last = lines.back();
+        const std::string selected = Text();
+        const bool has_selection = ListIndex >= 0;
+        std::stable_sort(lines.begin(), lines.end(), before);
+        const auto ahead = std::lower_bound(lines.begin(), lines.end(), selected, before);
+        const auto moved = static_cast<int>(ahead - lines.begin());
+        const auto old_size = static_cast<std::ptrdiff_t>(items_.size());
+        items_.insert(items_.end(), std::make_move_iterator(lines.begin()),
+                      std::make_move_iterator(lines.end()));
+        std::inplace_merge(items_.begin(), items_.begin() + old_size, items_.end(), before);
+        const auto place = std::upper_bound(items_.begin(), items_.end(), last, before);
+        new_index_ = static_cast<int>(place - items_.begin()) - 1;
+        if (has_selection) ListIndex = ListIndex + moved;
         changed.Emit();
     }
     /// A position outside the list is left alone. With the selected line the selection goes.

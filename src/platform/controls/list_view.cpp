@@ -64,7 +64,7 @@ ListRow& ListView::Add(std::string text) {
     rows_.push_back(ListRow::Make(*this, ++additions_, cells_));
     ListRow& row = *rows_.back();
     row.Cells()[0] = std::move(text);
-    positions_valid_ = false;
+    DropPositions();
     for (int column = 0; column < cells_; ++column) {
         auto& index = indexes_[static_cast<std::size_t>(column)];
         if (index != nullptr) index->Add(row);
@@ -131,7 +131,7 @@ void ListView::EnsureOrder() const {
     }
     for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i]->pending_ = false;
     placed_ = rows_.size();
-    positions_valid_ = false;
+    DropPositions();
     ++order_version_;
 }
 
@@ -140,6 +140,11 @@ void ListView::EnsurePositions() const {
     if (positions_valid_) return;
     for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i]->position_ = static_cast<int>(i) + 1;
     positions_valid_ = true;
+}
+
+void ListView::DropPositions() const {
+    positions_valid_ = false;
+    searches_ = 0;
 }
 
 const ListRow& ListView::At(int position) const {
@@ -153,6 +158,17 @@ ListRow& ListView::At(int position) {
 }
 
 int ListView::PositionOf(const ListRow& row) const {
+    EnsureOrder();
+    // A few rows between two changes are searched; numbering all for them would make a long series
+    // of changes grow with the square of the table.
+    constexpr int kMostSearches = 64;
+    if (!positions_valid_ && searches_ < kMostSearches) {
+        ++searches_;
+        const auto found = std::lower_bound(
+            rows_.begin(), rows_.end(), row,
+            [this](const ListRow::Pointer& a, const ListRow& b) { return Before(*a, b); });
+        return static_cast<int>(found - rows_.begin()) + 1;
+    }
     EnsurePositions();
     return row.position_;
 }
@@ -166,7 +182,7 @@ void ListView::Remove(int position) {
     if (selected_ == &row) Select(nullptr);
     rows_.erase(rows_.begin() + (position - 1));
     placed_ = rows_.size();
-    positions_valid_ = false;
+    DropPositions();
     ++order_version_;
     rows_changed.Emit();
 }
@@ -175,7 +191,7 @@ void ListView::Clear() {
     Select(nullptr);
     rows_.clear();
     placed_ = 0;
-    positions_valid_ = false;
+    DropPositions();
     ++order_version_;
     for (auto& index : indexes_) index.reset();
     rows_changed.Emit();
@@ -186,7 +202,7 @@ void ListView::SortBy(int column) {
     sort_column_ = column;
     placed_ = 0;
     for (const auto& row : rows_) row->pending_ = true;
-    positions_valid_ = false;
+    DropPositions();
     ++order_version_;
     rows_changed.Emit();
 }
@@ -200,12 +216,11 @@ void ListView::Select(ListRow* row) {
 /// Takes a placed row out of the order; it goes to the rows that wait for their place.
 void ListView::Unplace(ListRow& row) {
     if (row.pending_) return;
-    EnsurePositions();
-    const auto at = rows_.begin() + (row.position_ - 1);
+    const auto at = rows_.begin() + (PositionOf(row) - 1);
     std::rotate(at, at + 1, rows_.end());
     row.pending_ = true;
     placed_ = rows_.size() - 1;
-    positions_valid_ = false;
+    DropPositions();
 }
 
 void ListView::BeforeCellChange(ListRow& row, int column) {

@@ -115,6 +115,7 @@ class ListView : public Control {
     void EnsureOrder() const;
     void SortWaitingRows() const;
     void EnsurePositions() const;
+    void DropPositions() const;
     [[nodiscard]] const CellIndex& IndexOf(int column) const;
     [[nodiscard]] const CellIndex::Group* GroupOf(int column, std::string_view key) const;
     const CellIndex::Several& Ordered(const CellIndex::Group& group) const;
@@ -135,6 +136,7 @@ class ListView : public Control {
     mutable std::vector<ListRow::Pointer> rows_;  // placed rows first, in order
     mutable std::size_t placed_ = 0;              // the rest wait for their place
     mutable bool positions_valid_ = false;
+    mutable int searches_ = 0;  // since the positions went
     mutable std::size_t order_version_ = 1;
     mutable std::vector<std::unique_ptr<CellIndex>> indexes_;  // by column, made on first use
 };

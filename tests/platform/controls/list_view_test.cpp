@@ -5,12 +5,34 @@
 #include <algorithm>
 #include <array>
 #include <random>
+#include <string>
+#include <vector>
 
+#include "platform/controls/list_box.hpp"
 #include "platform/unicode.hpp"
 #include "support/error_number.hpp"
 
 namespace quorrel {
 namespace {
+
+TEST(ListBox, ManyLinesComeToStandAsOneAfterTheOther) {
+    std::mt19937 random(5);
+    for (int turn = 0; turn < 200; ++turn) {
+        ListBox one, many;
+        for (int part = 0; part < 3; ++part) {
+            std::vector<std::string> lines(random() % 6);
+            for (std::string& line : lines) line = "aAbBc"[random() % 5];
+            for (const std::string& line : lines) one.AddItem(line);
+            many.AddItems(lines);
+            ASSERT_EQ(many.List(), one.List());
+            ASSERT_EQ(many.NewIndex(), one.NewIndex());
+            ASSERT_EQ(many.ListIndex(), one.ListIndex());
+            const int selected = static_cast<int>(random() % 7) % (one.ListCount() + 1) - 1;
+            one.ListIndex = selected;
+            many.ListIndex = selected;
+        }
+    }
+}
 
 TEST(ListView, NumbersOutsideTheTableAreErrors) {
     ListView table(2);
