@@ -11,6 +11,7 @@ struct SettingsState {
     bool is_javahelp_edition = true;
     std::string APP_NAME;
     std::string main_dir;  // the installation folder, with its backslash at the end
+    std::string found_main_dir;  // stands for it where the settings file names none
     std::string Template_Dir;
     std::string help_file;
     bool use_ext_editor = false;

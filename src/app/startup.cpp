@@ -75,7 +75,7 @@ void AdaptToEdition(MainForm& main) {
 
 void ReadLocations(MainForm& main) {
     SettingsState& settings = main.settings;
-    settings.main_dir = GetIni(main, "Locations", "main dir", "");
+    settings.main_dir = GetIni(main, "Locations", "main dir", settings.found_main_dir);
     settings.main_spell_dic = GetIni(main, "Locations", "main dictionary", "");
     settings.custom_spell_dic = GetIni(main, "Locations", "custom dictionary", "");
 }

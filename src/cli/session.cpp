@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "app/startup.hpp"
+#include "platform/installation.hpp"
 #include "platform/text.hpp"
 #include "project/open_project.hpp"
 #include "project/save_project.hpp"
@@ -47,6 +48,8 @@ bool Session::Open() {
         err_ << "quorrel-cli: " << call_.project << ": " << why << '\n';
         return false;
     }
+    main.settings.found_main_dir =
+        InstallationOf(files_, files_.WindowsPath(NativeProgramFolder()));
     LoadSettings(main, call_.edition == "javahelp" ? "" : "html");
     main.project.recent_proj = path;
     OpenProject_Click(main);

@@ -42,6 +42,9 @@ TEST_F(Startup, SettingsHaveTheirDefaults) {
     LoadSettings(main, "html");
     EXPECT_EQ(main.settings.hhc, "c:\\Program Files\\HTML Help Workshop\\hhc.exe");
     EXPECT_EQ(main.settings.main_spell_dic, "\\american.vtd");
+    main.settings.found_main_dir = "C:\\found\\";
+    LoadSettings(main, "html");
+    EXPECT_EQ(main.settings.Template_Dir, "C:\\found\\Topic Templates\\htmlhelp");
     folder.Write(
         "settings/qrrl_hj.ini",
         "[locations]\nMain Dir=C:\\Q\\\n[Settings]\nuseexted=1\nexted= vi \npreserveHTML=0\n"
