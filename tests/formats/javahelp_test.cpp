@@ -176,8 +176,8 @@ TEST_F(HelpSetProject, OpensWithItsFirstTopic) {
     folder.Write("p/g.hs",
                  "<?xml version='1.0' encoding='ISO-8859-1'  "
                  "?>\n<title>H\xE9&#1046;</title><homeID>a</homeID>\n"
-                 "<mapref location=\"m.jhm\"/>\n<view><data>t.xml</data>TOCView</view>\n"
-                 "<view><data>i.xml</data>IndexView</view>\n");
+                 "<mapref location=\"m.jhm\"/>\n<view><data>t.xml</data><type>javax.help.TOCView</type></view>\n"
+                 "<view><data>i.xml</data><type>javax.help.IndexView</type></view>\n");
     folder.Write("p/m.jhm", "<mapID target=\"a\" url=\"html/a.htm\"/>\n");
     folder.Write("p/t.xml",
                  "<?xml version='1.0' encoding=\"utf-8\"?>\n<tocitem text=\"\xC3\xA9\"/>\n<tocitem "
@@ -190,7 +190,7 @@ TEST_F(HelpSetProject, OpensWithItsFirstTopic) {
     EXPECT_EQ(main.contents.Tree1.At(1).Text, "\xC3\xA9");
     EXPECT_EQ(main.topics.ListTopics.At(1).Text(), "two lines");
     EXPECT_EQ(surface.DocumentHTML(), folder.Read("p/HTML/A.htm"));
-    folder.Write("p/g.hs", "<mapref location=\"m.jhm\"/><view><data>t.xml</data>TOCView</view>");
+    folder.Write("p/g.hs", "<mapref location=\"m.jhm\"/><view><data>t.xml</data><type>javax.help.TOCView</type></view>");
     Open("p/g.hs", "");
     EXPECT_EQ(surface.DocumentHTML(), folder.Read("p/HTML/A.htm"));
     EXPECT_EQ(main.project.project_def_topic, "") << "a map id, and the author has named none";

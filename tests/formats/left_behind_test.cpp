@@ -6,6 +6,11 @@
 #include "formats/htmlhelp/hhk.hpp"
 #include "formats/htmlhelp/hhp_left_behind.hpp"
 #include "formats/htmlhelp/map_files.hpp"
+#include "formats/javahelp/helpset.hpp"
+#include "formats/javahelp/helpset_left_behind.hpp"
+#include "formats/javahelp/index_xml.hpp"
+#include "formats/javahelp/jhm.hpp"
+#include "formats/javahelp/toc_xml.hpp"
 #include "platform/text.hpp"
 
 namespace quorrel {
@@ -203,6 +208,127 @@ TEST_F(LeftBehindInSitemaps, WhatOneOfThemLoses) {
     EXPECT_EQ(InIndex(deep), "entries below level 2 (2 of 4)");
     EXPECT_EQ(InContents(deep), "");
     EXPECT_EQ(InIndex(Entry("  a")), "entries that come at another level (1 of 1)");
+}
+
+class LeftBehindInJavaHelp : public testing::Test {
+  protected:
+    LeftBehindInJavaHelp() {
+        ListRow& row = tables.ListTopics.Add("a");
+        row.SetSubItem(topic_cell::kFullPath, "C:\\p\\a.htm");
+        row.SetSubItem(topic_cell::kMapId, "a");
+        tables.ListAliases.Add("pic").SetSubItem(alias_cell::kPath, "C:\\p\\pic.png");
+        tables.ListAliases.Add("place").SetSubItem(alias_cell::kPath, "C:\\p\\a.htm#x");
+    }
+    std::string InToc(std::string_view text) {
+        TreeView tree;
+        return Listed(ReadTocXml(text, tables, tree, trap));
+    }
+    std::string InIndex(std::string_view text) {
+        KeywordState keywords;
+        return Listed(ReadIndexXml(text, keywords, tables, trap));
+    }
+    static std::string InMap(std::string_view text) {
+        ListView topics{8, 0};
+        ListView aliases{2};
+        return Listed(ReadMap(
+            text, "C:\\p", topics, aliases, [](const std::string& address) { return address; },
+            [](const std::string& path) -> std::optional<std::string> {
+                if (Contains(path, "missing")) return std::nullopt;
+                return "title";
+            }));
+    }
+    static std::string InHelpSet(std::string_view text) {
+        ProjectState project;
+        project.proj = "C:\\p\\g.hs";
+        project.proj_path = "C:\\p";
+        ReadHelpSet(text, project);
+        return Listed(
+            LeftBehindInHelpSet(text, project, !project.hhcfile.empty(), !project.hhkfile.empty()));
+    }
+
+    ErrorLog log{[](std::string_view) {}};
+    Trap trap{log, "test: "};
+    TopicTables tables;
+};
+
+TEST_F(LeftBehindInJavaHelp, OfItems) {
+    const std::string head =
+        "<?xml version='1.0' encoding='UTF-8' ?>\n<!DOCTYPE x\n  PUBLIC \"-//X//EN\"\n  "
+        "\"http://x/y.dtd\">\n\n";
+    const Case both[] = {
+        {"<X text=\"a > b &amp; &quot;c&quot;\" target='a' >\n\t<X target = \"place\" text=\"\"/>\n"
+         "<X>Text</X>\n</X>\n",
+         ""},
+        {"<X text=\"a\" expand=\"true\" xml:lang='en'/>\n", "attributes that are not kept (2)"},
+        {"<X text=\"a\"\n target=\"a\"/>\n<X text=\"b\"/><X text=\"c\"/>\n",
+         "items not read whole (2 of 3)"},
+        {"<!--\n<X text=\"a\"/>\n-->\n",
+         "commented-out items that come alive (1), comments and other texts (1)"},
+        {"<!-- note --> <?pi?>\n<!ENTITY e \"x\">\n text\n<y/>\n", "comments and other texts (5)"}};
+    for (const auto& [root, item] :
+         {std::pair("toc", "tocitem"), std::pair("index", "indexitem")}) {
+        for (const Case& it : both) {
+            const std::string text = head + "<" + root + " version=\"2.0\">\n" +
+                                     ReplaceAll(ReplaceAll(it.text, "<X", std::string("<") + item),
+                                                "</X", std::string("</") + item) +
+                                     "</" + root + ">\n";
+            EXPECT_EQ(*root == 't' ? InToc(text) : InIndex(text), it.found) << text;
+        }
+    }
+    // The line of the closing tag counts for two levels, and its item is not read.
+    EXPECT_EQ(
+        InToc("<toc xml:lang=\"en\">\n<tocitem text=\"a\">\n<tocitem text=\"b\" image=\"pic\">\n"
+              "</tocitem></tocitem>\n<tocitem text=\"c\"/>\n"),
+        "items that come at another level (1 of 3), attributes that are not kept (1)");
+    EXPECT_EQ(
+        InIndex("<indexitem text=\"a\" target=\"a\">\n<indexitem text=\"b\" target=\"gone\">\n"
+                "<indexitem text=\"c\" target=\"pic\"/>\n</indexitem>\n</indexitem>\n"
+                "<indexitem text=\"a (2)\" target=\"a\"/> <!-- QR IMULT -->\n"),
+        "items not read whole (2 of 4), items below level 2 (1 of 4), "
+        "items that come at another level (1 of 4)");
+}
+
+TEST_F(LeftBehindInJavaHelp, OfAMap) {
+    EXPECT_EQ(
+        InMap("<map version=\"1.0\">\n<!-- Images -->\n <mapID target=\"a\" url=\"a.htm\" />\n"
+              "<mapID target=\"b\" url=\"b.gif\"></mapID>\n</map>\n"),
+        "");
+    EXPECT_EQ(
+        InMap("<mapID target=\"a\"\n url=\"a.htm\"/>\n<mapID target=\"b\" url=\"b.htm\"/>"
+              "<mapID target=\"c\" url=\"c.htm\"/>\n<mapID target=\"d\" url=\"missing.htm\"/>\n"
+              "<mapID target=\"b\" url=\"e.htm\" xml:lang=\"en\"/>\n<!-- note -->\n"),
+        "map ids not read whole (2 of 5), attributes that are not kept (1), "
+        "comments and other texts (1), map ids of pages that are missing or have no title "
+        "(1 of 3), map ids that come twice (1 of 4)");
+}
+
+TEST_F(LeftBehindInJavaHelp, OfAHelpSet) {
+    const Case cases[] = {
+        {"<?xml version='1.0'?>\n<helpset version=\"1.0\">\n<!-- title "
+         "-->\n<title>T</title>\n<maps>\n"
+         "<homeID>a</homeID>\n<mapref "
+         "location=\"sub\\m.jhm\"/>\n</maps>\n<view>\n<name>TOC</name>\n"
+         "<label>Table Of Contents</label>\n<type>javax.help.TOCView</type>\n<data>t.xml</data>\n"
+         "</view>\n<view><name>Search</name><label>Search</label><type>javax.help.SearchView</"
+         "type>\n"
+         "<data engine=\"com.sun.java.help.search.DefaultSearchEngine\">\n JavaHelpSearch\n</data>"
+         "</view>\n</helpset>\n",
+         ""},
+        {"<view mergetype=\"m\"><name>toc</name><type>javax.help.TOCView</type><data>t.xml</data>"
+         "</view>\n<view><type>x.MyIndexView</type><data>i.xml</data></view>\n"
+         "<view><type>javax.help.GlossaryView</type><data>g.xml</data></view>\n",
+         "views with a name, label, class or file of their own (3 of 3), "
+         "attributes that are not kept (1)"},
+        {"<presentation default=true><name>p</name><title>P</title>\n<!-- c --></presentation>\n"
+         "<presentation/>\n<subhelpset location=\"o.hs\"/>\n<maps><mapref location=\"a.jhm\"/>"
+         "<mapref location=\"b.jhm\"/></maps>\n<impl><x/></impl><!-- note --><?pi?>\n",
+         "presentations (2), sub-helpsets (1), further maps (1), comments and other parts (3)"},
+        {"<!-- <view><name>Search</name>\n<data engine=\"x.DefaultSearchEngine\">D</data></view> "
+         "-->\n"
+         "<title xml:lang=\"en\">T</title>\n",
+         "commented-out views that come alive (1), title, home or map (1 of 1), "
+         "attributes that are not kept (1), comments and other parts (1)"}};
+    for (const Case& it : cases) EXPECT_EQ(InHelpSet(it.text), it.found) << it.text;
 }
 
 }  // namespace

@@ -292,6 +292,10 @@ void CheckManyProjects(void (RandomProject::*write)(const test::ScratchFolder&),
         }
         const ProjectSession reopened(folder, again, edition);
         ASSERT_EQ(State(reopened.main), expected) << "seed " << seed;
+        // What the program has written holds nothing that a save would leave out.
+        for (const FileLeftBehind& file : reopened.main.texts.FilesLeftBehind()) {
+            ADD_FAILURE() << "seed " << seed << ": " << file.path << ": " << Listed(file.kinds);
+        }
     }
     for (std::size_t i = 0; i < kCount; ++i) EXPECT_GT(concerned[i], 0) << differences[i].what;
 }

@@ -30,8 +30,8 @@ class XmlFormOffer : public ProjectFixture {
         folder.Write("p/a.htm", "<title>A</title><body>a</body>");
         folder.Write("p/g.hs",
                      "<title>R & D</title><homeID>a</homeID><mapref location=\"g.jhm\"/>\n"
-                     "<view><data>gTOC.xml</data>TOCView</view>\n"
-                     "<view><data>gIndex.xml</data>IndexView</view>\n");
+                     "<view><data>gTOC.xml</data><type>javax.help.TOCView</type></view>\n"
+                     "<view><data>gIndex.xml</data><type>javax.help.IndexView</type></view>\n");
         folder.Write("p/g.jhm", "<mapID target=\"a\" url=\"a.htm\"/>\n");
         folder.Write("p/gTOC.xml",
                      "<tocitem text=\"Q&A &lt;1&gt;\" target=\"a\"/>\n"

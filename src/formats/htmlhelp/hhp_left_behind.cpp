@@ -7,6 +7,7 @@
 #include "app/main_form.hpp"
 #include "formats/htmlhelp/hhp.hpp"
 #include "formats/htmlhelp/map_files.hpp"
+#include "formats/unread_file.hpp"
 #include "platform/text.hpp"
 #include "platform/text_lines.hpp"
 #include "platform/unicode.hpp"
@@ -159,20 +160,6 @@ class ProjectCheck {
     int others_ = 0;
 };
 
-/// Of a file that a save replaces and that the project does not include: all that it holds.
-void NoteUnread(MainForm& main, const std::string& file) {
-    if (!main.files.FileExists(file)) return;
-    const Trap trap(main.log, "MainForm ReadJavaMapFile: ");
-    std::string text;
-    if (!trap([&] { text = main.texts.Read(file); })) return;
-    LeftBehind lines{"lines of a file that the project does not include"};
-    TextLines reader(text);
-    while (!reader.AtEnd()) {
-        if (!TrimBlanksAndTabs(reader.ReadLine()).empty()) ++lines.count;
-    }
-    main.texts.NoteLeftBehind(file, std::move(lines));
-}
-
 }  // namespace
 
 std::vector<LeftBehind> LeftBehindInProject(std::string_view text, const ProjectState& project,
@@ -191,8 +178,8 @@ void NoteLeftBehindInProject(MainForm& main) {
     const std::string base(BaseName(project.proj));
     const std::string folder(project.proj.substr(0, project.proj.rfind('\\') + 1));
     const std::string included = folder + FindMapFiles(text).alias_file;
-    if (!EqualsIgnoringCase(included, base + ".ali")) NoteUnread(main, base + ".ali");
-    if (project.java_map_file.empty()) NoteUnread(main, base + ".h");
+    if (!EqualsIgnoringCase(included, base + ".ali")) NoteUnreadFile(main, base + ".ali", "");
+    if (project.java_map_file.empty()) NoteUnreadFile(main, base + ".h", "");
 }
 
 }  // namespace quorrel

@@ -3,6 +3,7 @@
 #include "app/main_form.hpp"
 #include "contents/open_contents_item.hpp"
 #include "formats/htmlhelp/hhc.hpp"
+#include "formats/javahelp/helpset_left_behind.hpp"
 #include "formats/javahelp/index_xml.hpp"
 #include "formats/javahelp/jhm.hpp"
 #include "formats/javahelp/toc_xml.hpp"
@@ -153,13 +154,18 @@ void ReadJavaHelpSet(MainForm& main) {
     const Trap trap(main.log, "MainForm ReadJavaHelpSet: ");
     main.window.StatusBar1.SetPanel(1, "Reading HelpSet File...");
     std::string text;
-    if (trap([&] { text = main.texts.ReadXml(main.project.proj); }))
+    if (trap([&] { text = main.texts.ReadXml(main.project.proj); })) {
         ReadHelpSet(text, main.project);
+    }
     ReadJavaMapFile(main);
     RepairMapIds(main);
     JavaReadTOC(main);
     JavaReadIndex(main);
     if (main.files.FileExists(main.outline.doc_outline)) ReadDocOutline(main);
+    main.texts.NoteLeftBehind(
+        main.project.proj, LeftBehindInHelpSet(text, main.project, main.contents.Tree1.Count() > 0,
+                                               main.keywords.ListKeywords.Count() > 0));
+    NoteFilesNotInHelpSet(main);
     OfferUnsavedWork(main);
     if (main.contents.Tree1.Count() > 0) trap([&] { OpenFirstContentsItem(main); });
     main.contents.toc_dirty = false;

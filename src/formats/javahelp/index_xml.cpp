@@ -1,6 +1,7 @@
 #include "formats/javahelp/index_xml.hpp"
 
 #include "app/main_form.hpp"
+#include "formats/javahelp/item_tally.hpp"
 #include "formats/javahelp/xml_items.hpp"
 #include "platform/text.hpp"
 #include "platform/text_budget.hpp"
@@ -21,6 +22,8 @@ std::string KeywordFromXml(std::string_view text, XmlForm form) {
     return ReplaceAll(ReplaceAll(ReplaceAll(text, "&lt;", "<"), "&gt;", ">"), "%22", "\"");
 }
 
+constexpr int kLevels = 2;
+
 class IndexReader {
   public:
     IndexReader(KeywordState& keywords, TopicTables& tables, const Trap& trap, XmlForm form)
@@ -33,17 +36,26 @@ class IndexReader {
 
     void TakeLine(std::string_view line) {
         next_level_ += LevelChange(line, "INDEXITEM");
-        if (ContainsIgnoringAsciiCase(line, "<INDEXITEM")) TakeItem(line);
+        ItemTaken taken;
+        if (ContainsIgnoringAsciiCase(line, "<INDEXITEM")) taken = TakeItem(line);
+        tally_.TakeLine(line, taken);
         level_ = next_level_;
     }
+    [[nodiscard]] const ItemTally& Tally() const { return tally_; }
 
   private:
-    void TakeItem(std::string_view line) {
+    ItemTaken TakeItem(std::string_view line) {
+        ItemTaken taken{line.find('<')};
         const bool repeats = Contains(line, kRepeatMark);
         // A repeat stands for its row, under whatever number: also as the head of a group.
         if (!repeats || row_ == nullptr) text_ = KeywordFromXml(ItemText(line), form_);
         if (next_level_ > level_) parent_ = text_;
-        if (repeats || AddRow()) AddTarget(TextFromXml(XmlAttribute(line, 0, "TARGET"), form_));
+        if (!repeats && !AddRow()) return taken;
+        taken.is_kept = AddTarget(TextFromXml(XmlAttribute(line, 0, "TARGET"), form_));
+        if (row_ == nullptr) return taken;
+        const std::string& key = row_->SubItems(keyword_cell::IDX_FULLKEY);
+        taken.level = Contains(key, kSubKeyMark) ? kLevels : 1;
+        return taken;
     }
 
     /// False where there is no room for the row.
@@ -58,14 +70,26 @@ class IndexReader {
         return true;
     }
 
-    void AddTarget(std::string_view target) {
-        if (target.empty()) return;
+    /// False for a target that is not written again.
+    bool AddTarget(std::string_view target) {
+        if (target.empty()) return true;
+        bool is_kept = false;
         trap_([&] {
             if (row_ == nullptr) throw RuntimeError(run_time_error::kObjectNotSet);
             const std::string entry = EntryFor(target, row_->SubItems(keyword_cell::IDX_FULLKEY));
             if (!budget_.Take(entry.size())) return;
             row_->AppendToSubItem(keyword_cell::IDX_TITLEPATH, entry);
+            is_kept = !entry.empty() && IsWritten(target);
         });
+        return is_kept;
+    }
+
+    /// Of the aliases only places within topics, and addresses, are written.
+    [[nodiscard]] bool IsWritten(std::string_view target) const {
+        if (tables_.ListTopics.FirstWithExactly(topic_cell::kMapId, target) != nullptr) return true;
+        const std::string& path =
+            tables_.ListAliases.FirstWithExactly(0, target)->SubItems(alias_cell::kPath);
+        return Contains(path, "#") || IsAddress(path);
     }
 
     std::string EntryFor(std::string_view target, std::string_view full_key) {
@@ -84,6 +108,7 @@ class IndexReader {
     const Trap& trap_;
     TextBudget budget_;
     KeywordCells cells_;
+    ItemTally tally_{"INDEXITEM", {"text", "target"}, "items", kLevels};
     ListRow* row_ = nullptr;
     std::string text_;  // of the row, without its indent
     std::string parent_;
@@ -142,11 +167,12 @@ class IndexWriter {
 
 }  // namespace
 
-void ReadIndexXml(std::string_view text, KeywordState& keywords, TopicTables& tables,
-                  const Trap& trap, XmlForm form) {
+std::vector<LeftBehind> ReadIndexXml(std::string_view text, KeywordState& keywords,
+                                     TopicTables& tables, const Trap& trap, XmlForm form) {
     IndexReader reader(keywords, tables, trap, form);
     TextLines lines(text);
     while (!lines.AtEnd()) reader.TakeLine(lines.ReadLine());
+    return reader.Tally().Findings();
 }
 
 std::string JavaIndexTargets(const ListRow& keyword, const TopicTables& tables,
@@ -205,7 +231,9 @@ void JavaReadIndex(MainForm& main) {
     if (!main.files.FileExists(main.project.hhkfile)) return;
     std::string text;
     if (trap([&] { text = main.texts.ReadXml(main.project.hhkfile); })) {
-        ReadIndexXml(text, main.keywords, main.topics, trap, main.project.xml_form);
+        main.texts.NoteLeftBehind(
+            main.project.hhkfile,
+            ReadIndexXml(text, main.keywords, main.topics, trap, main.project.xml_form));
     }
     main.window.StatusBar1.SetPanel(1, "");
 }

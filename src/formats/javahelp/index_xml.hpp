@@ -4,9 +4,11 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "contents/contents_state.hpp"
 #include "platform/failure.hpp"
+#include "platform/left_behind.hpp"
 #include "project/project_state.hpp"
 
 namespace quorrel {
@@ -16,8 +18,10 @@ struct MainForm;
 /// Appends the items of `text` to the keyword table, and their keywords to the topics that they
 /// lead to. A line with the program's repeat mark adds its target to the row before, and a group
 /// that it opens is that row's.
-void ReadIndexXml(std::string_view text, KeywordState& keywords, TopicTables& tables,
-                  const Trap& trap, XmlForm form = XmlForm::kAsTyped);
+/// Gives what of the file could not be taken.
+std::vector<LeftBehind> ReadIndexXml(std::string_view text, KeywordState& keywords,
+                                     TopicTables& tables, const Trap& trap,
+                                     XmlForm form = XmlForm::kAsTyped);
 
 /// A keyword's text stands again before each of its targets, a map id wherever it is one, so a file
 /// made for it could fill the memory. Beyond this many bytes the two below raise 7.

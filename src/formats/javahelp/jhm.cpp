@@ -1,6 +1,9 @@
 #include "formats/javahelp/jhm.hpp"
 
+#include <unordered_map>
+
 #include "app/main_form.hpp"
+#include "formats/javahelp/item_tally.hpp"
 #include "formats/javahelp/xml_items.hpp"
 #include "platform/text.hpp"
 #include "platform/text_lines.hpp"
@@ -81,19 +84,27 @@ std::string PathOf(const MainForm& main, const std::string& address) {
 
 }  // namespace
 
-void ReadMap(std::string_view text, std::string_view proj_path, ListView& ListTopics,
-             ListView& ListAliases, const PathOfAddress& path_of_address,
-             const TitleOfTopic& title_of_topic, XmlForm form) {
+std::vector<LeftBehind> ReadMap(std::string_view text, std::string_view proj_path,
+                                ListView& ListTopics, ListView& ListAliases,
+                                const PathOfAddress& path_of_address,
+                                const TitleOfTopic& title_of_topic, XmlForm form) {
+    ItemTally tally("MAPID", {"target", "url"}, "map ids", 1);
+    LossCount pages, twice;
+    std::unordered_map<std::string, std::string> known_ids;
     TextLines lines(text);
     while (!lines.AtEnd()) {
         const std::string_view line = lines.ReadLine();
         const std::size_t place = FindIgnoringAsciiCase(line, "<MAPID");
+        tally.TakeLine(line, {place, 1});
         if (place == npos) continue;
         const std::string address =
             path_of_address(TextFromXml(XmlAttribute(line, place, "URL"), form));
         const std::string attribute = TextFromXml(XmlAttribute(line, place, "TARGET"), form);
         const std::string_view url = Trim(address);
         const std::string_view target = Trim(attribute);
+        // The same line again says nothing new.
+        const auto& [known, is_new] = known_ids.emplace(target, url);
+        twice.See(!is_new && known->second != url);
         // Any ending that begins like that of an HTML file counts as one.
         const bool is_topic =
             ContainsIgnoringAsciiCase(url, ".HT") && !Contains(url, "#") && !IsAddress(url);
@@ -103,12 +114,17 @@ void ReadMap(std::string_view text, std::string_view proj_path, ListView& ListTo
         }
         std::string path(url);
         std::optional<std::string> title = title_of_topic(path);
+        pages.See(!title);
         if (!title) continue;
         ListRow& row = ListTopics.Add(std::move(*title));
         row.SetSubItem(topic_cell::kLocation, LocationOf(path, proj_path));
         row.SetSubItem(topic_cell::kFullPath, std::move(path));
         row.SetSubItem(topic_cell::kMapId, std::string(target));
     }
+    std::vector<LeftBehind> findings = tally.Findings();
+    findings.push_back(pages.Of("map ids of pages that are missing or have no title"));
+    findings.push_back(twice.Of("map ids that come twice"));
+    return findings;
 }
 
 std::string WriteMap(const TopicTables& tables, std::string_view file, XmlForm form) {
@@ -135,8 +151,10 @@ void ReadJavaMapFile(MainForm& main) {
         progress.Next();
         return ReadTopicTitle(main.files, path, main.texts.CodePageNumber(), TitlePieces::kTrimmed);
     };
-    ReadMap(text, main.project.proj_path, main.topics.ListTopics, main.topics.ListAliases,
-            path_of_address, title_of_topic, main.project.xml_form);
+    main.texts.NoteLeftBehind(
+        main.project.java_map_file,
+        ReadMap(text, main.project.proj_path, main.topics.ListTopics, main.topics.ListAliases,
+                path_of_address, title_of_topic, main.project.xml_form));
 }
 
 void JavaWriteMapFile(MainForm& main) {

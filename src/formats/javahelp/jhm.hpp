@@ -5,8 +5,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/controls/list_view.hpp"
+#include "platform/left_behind.hpp"
 #include "project/project_state.hpp"
 
 namespace quorrel {
@@ -20,10 +22,13 @@ using TitleOfTopic = std::function<std::optional<std::string>(const std::string&
 using PathOfAddress = std::function<std::string(const std::string& address)>;
 
 /// Appends a topic row for each address of an HTML file that has a title, and an alias row for
-/// everything else: images and places within topics. Each element stands on one line.
-void ReadMap(std::string_view text, std::string_view proj_path, ListView& ListTopics,
-             ListView& ListAliases, const PathOfAddress& path_of_address,
-             const TitleOfTopic& title_of_topic, XmlForm form = XmlForm::kAsTyped);
+/// everything else: images and places within topics. Each element stands on one line. Gives what
+/// of the file could not be taken.
+std::vector<LeftBehind> ReadMap(std::string_view text, std::string_view proj_path,
+                                ListView& ListTopics, ListView& ListAliases,
+                                const PathOfAddress& path_of_address,
+                                const TitleOfTopic& title_of_topic,
+                                XmlForm form = XmlForm::kAsTyped);
 
 /// The text of the file: images, topics, then everything else, each in the order of its table.
 /// Addresses are relative to `file`, the map itself, as viewers take them. As typed nothing is

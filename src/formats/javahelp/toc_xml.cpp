@@ -3,6 +3,7 @@
 #include "app/main_form.hpp"
 #include "contents/node_data.hpp"
 #include "contents/parent_numbers.hpp"
+#include "formats/javahelp/item_tally.hpp"
 #include "formats/javahelp/xml_items.hpp"
 #include "platform/text.hpp"
 #include "platform/text_budget.hpp"
@@ -36,8 +37,10 @@ void WriteNode(std::string& text, const TreeNode& node, int level, XmlForm form)
 
 }  // namespace
 
-void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree, const Trap& trap,
-                XmlForm form) {
+std::vector<LeftBehind> ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree,
+                                   const Trap& trap, XmlForm form) {
+    constexpr int kLevels = 31;  // those below are not placed
+    ItemTally tally("TOCITEM", {"text", "target", "image"}, "items", kLevels);
     ParentNumbers parents;
     TextBudget budget(trap);
     int level = 1;
@@ -48,7 +51,9 @@ void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree
         const std::string_view line = lines.ReadLine();
         next_level += LevelChange(line, "TOCITEM");
         trap([&] { parents.At(level) = count; });
+        ItemTaken taken;
         if (ContainsIgnoringAsciiCase(line, "<TOCITEM")) {
+            taken.place = line.find('<');
             const std::string target = TextFromXml(XmlAttribute(line, 0, "TARGET"), form);
             const std::string image = TextFromXml(XmlAttribute(line, 0, "IMAGE"), form);
             trap([&] {
@@ -56,16 +61,20 @@ void ReadTocXml(std::string_view text, const TopicTables& tables, TreeView& tree
                 TreeNode& node =
                     tree.Add(parent, NodeRelation::kChild, TextFromXml(ItemText(line), form),
                              node_image::kPage, node_image::kPage);
+                taken.level = level;
                 if (parent != nullptr)
                     parent->Image = parent->SelectedImage = node_image::kClosedBook;
                 const std::string location = LocationOfTarget(tables, target);
-                if (budget.Take(location.size())) node.Tag = PackNodeData(location, target, image);
+                taken.is_kept = budget.Take(location.size());
+                if (taken.is_kept) node.Tag = PackNodeData(location, target, image);
             });
             // Also for an item that could not be placed.
             ++count;
         }
+        tally.TakeLine(line, taken);
         level = next_level;
     }
+    return tally.Findings();
 }
 
 std::string WriteTocXml(const TreeView& tree, XmlForm form) {
@@ -82,7 +91,13 @@ void JavaReadTOC(MainForm& main) {
     if (!main.files.FileExists(main.project.hhcfile)) return;
     std::string text;
     if (!trap([&] { text = main.texts.ReadXml(main.project.hhcfile); })) return;
-    ReadTocXml(text, main.topics, main.contents.Tree1, trap, main.project.xml_form);
+    std::vector<LeftBehind> findings =
+        ReadTocXml(text, main.topics, main.contents.Tree1, trap, main.project.xml_form);
+    // Without a view of the contents the variable has the name of the index file.
+    const std::string index = std::string(BaseName(main.project.proj)) + "Index.xml";
+    if (main.project.hhcfile != index) {
+        main.texts.NoteLeftBehind(main.project.hhcfile, std::move(findings));
+    }
 }
 
 void JavaWriteTOC(MainForm& main) {
