@@ -47,7 +47,7 @@ TEST_F(Cli, NamesWhatJavaHelpViewersCannotReadAndLeavesIt) {
     const std::string contents = "<tocitem text=\"Q&A\" target=\"a\"/>\n";
     folder.Write("g.hs",
                  "<title>T</title><mapref location=\"g.jhm\"/>\n"
-                 "<view><data>gTOC.xml</data>TOCView</view>\n");
+                 "<view><data>gTOC.xml</data><type>javax.help.TOCView</type></view>\n");
     folder.Write("g.jhm", "<mapID target=\"a\" url=\"a.htm\"/>\n");
     folder.Write("a.htm", "<title>A</title>");
     folder.Write("gTOC.xml", contents);

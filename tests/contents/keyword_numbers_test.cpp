@@ -18,9 +18,10 @@ class NumberedKeywords : public ProjectFixture {
             folder.Write("p/" + id + ".htm", "<title>" + id + "</title><body>x</body>");
             map += "<mapID target=\"" + id + "\" url=\"" + id + ".htm\"/>\n";
         }
-        folder.Write("p/g.hs",
-                     "<mapref location=\"g.jhm\"/><view><data>gIndex.xml</data>"
-                     "IndexView</view>");
+        // As the program writes it: a view for an index with something in it.
+        const std::string view =
+            "<view><data>gIndex.xml</data><type>javax.help.IndexView</type></view>";
+        folder.Write("p/g.hs", "<mapref location=\"g.jhm\"/>" + (index.empty() ? "" : view));
         folder.Write("p/g.jhm", map);
         folder.Write("p/gIndex.xml", index);
         Open("p/g.hs", "");

@@ -100,10 +100,11 @@ class NothingLost : public testing::TestWithParam<Case> {
         }
         folder.Write("p/guide.out", "<UL>\r\n" + Entry("old heading", "topic1.htm") + "</UL>\r\n");
         if (GetParam().family == Family::kJavaHelp) {
-            folder.Write("p/guide.hs",
-                         "<title>old title</title><mapref location=\"guide.jhm\"/>\n"
-                         "<view><data>guideTOC.xml</data>TOCView</view>\n"
-                         "<view><data>guideIndex.xml</data>IndexView</view>\n");
+            folder.Write(
+                "p/guide.hs",
+                "<title>old title</title><mapref location=\"guide.jhm\"/>\n"
+                "<view><data>guideTOC.xml</data><type>javax.help.TOCView</type></view>\n"
+                "<view><data>guideIndex.xml</data><type>javax.help.IndexView</type></view>\n");
             folder.Write("p/guide.jhm", map);
             folder.Write("p/guideTOC.xml", "<tocitem text=\"old entry\" target=\"topic1\"/>\n");
             folder.Write("p/guideIndex.xml", "<indexitem text=\"old key\" target=\"topic1\"/>\n");

@@ -77,8 +77,8 @@ class Recovery : public testing::TestWithParam<Family> {
         folder.Write("p/guide.hhk", "<UL>\r\n</UL>\r\n");
         folder.Write("p/guide.hs",
                      "<title>Guide</title><mapref location=\"guide.jhm\"/>\n"
-                     "<view><data>guideTOC.xml</data>TOCView</view>\n"
-                     "<view><data>guideIndex.xml</data>IndexView</view>\n");
+                     "<view><data>guideTOC.xml</data><type>javax.help.TOCView</type></view>\n"
+                     "<view><data>guideIndex.xml</data><type>javax.help.IndexView</type></view>\n");
         folder.Write("p/guide.jhm",
                      "<mapID target=\"a\" url=\"a.htm\"/>\n<mapID target=\"b\" url=\"b.htm\"/>\n");
         folder.Write("p/guideTOC.xml", "<tocitem text=\"A\" target=\"a\"/>\n");

@@ -1,7 +1,5 @@
 #include "formats/javahelp/jhm.hpp"
 
-#include <unordered_map>
-
 #include "app/main_form.hpp"
 #include "formats/javahelp/item_tally.hpp"
 #include "formats/javahelp/xml_items.hpp"
@@ -89,8 +87,7 @@ std::vector<LeftBehind> ReadMap(std::string_view text, std::string_view proj_pat
                                 const PathOfAddress& path_of_address,
                                 const TitleOfTopic& title_of_topic, XmlForm form) {
     ItemTally tally("MAPID", {"target", "url"}, "map ids", 1);
-    LossCount pages, twice;
-    std::unordered_map<std::string, std::string> known_ids;
+    LossCount pages;
     TextLines lines(text);
     while (!lines.AtEnd()) {
         const std::string_view line = lines.ReadLine();
@@ -102,9 +99,6 @@ std::vector<LeftBehind> ReadMap(std::string_view text, std::string_view proj_pat
         const std::string attribute = TextFromXml(XmlAttribute(line, place, "TARGET"), form);
         const std::string_view url = Trim(address);
         const std::string_view target = Trim(attribute);
-        // The same line again says nothing new.
-        const auto& [known, is_new] = known_ids.emplace(target, url);
-        twice.See(!is_new && known->second != url);
         // Any ending that begins like that of an HTML file counts as one.
         const bool is_topic =
             ContainsIgnoringAsciiCase(url, ".HT") && !Contains(url, "#") && !IsAddress(url);
@@ -123,7 +117,6 @@ std::vector<LeftBehind> ReadMap(std::string_view text, std::string_view proj_pat
     }
     std::vector<LeftBehind> findings = tally.Findings();
     findings.push_back(pages.Of("map ids of pages that are missing or have no title"));
-    findings.push_back(twice.Of("map ids that come twice"));
     return findings;
 }
 
