@@ -77,7 +77,7 @@ TEST_F(NewTopicsByHand, AProjectGrowsInAnEmptyFolder) {
         });
         Click(dialog, "Command2");
         EXPECT_EQ(dialog.findChild<QTreeWidget*>("Dir1")->currentItem()->text(0), "bread");
-        EXPECT_EQ(dialog.findChild<QLineEdit*>("EditFile")->text(), "BREAD/Rye___Oats.htm");
+        EXPECT_EQ(dialog.findChild<QLineEdit*>("EditFile")->text(), "bread/Rye___Oats.htm");
         QTest::keyClick(dialog.findChild<QListWidget*>("FileTemplate"), Qt::Key_Down);
         EXPECT_EQ(dialog.findChild<QLineEdit*>("EditKeyword")->text(), "Rye & Oats");
         Click(dialog, "Command1");

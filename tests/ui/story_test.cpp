@@ -25,42 +25,42 @@ struct Edition {
 
 constexpr const char* kHtmlHelpTopics =
     "The Whole Loaf\n"
-    "Feeding|IDH_Feeding|\\BREAD\\Feeding.htm|1002|\n"
+    "Feeding|IDH_Feeding|\\bread\\Feeding.htm|1002|\n"
     "FirstTopic|IDH_FirstTopic|\\FirstTopic.htm|1000|\n"
-    "Loaf|IDH_Loaf|\\SHAPES\\Loaf.htm|1004|\n"
-    "Starter|IDH_Starter|\\BREAD\\Starter.htm|1001|\n"
-    "White rolls|rolls|\\SHAPES\\Rolls.htm|4711|bread    :white;breakfast;\n";
+    "Loaf|IDH_Loaf|\\shapes\\Loaf.htm|1004|\n"
+    "Starter|IDH_Starter|\\bread\\Starter.htm|1001|\n"
+    "White rolls|rolls|\\shapes\\Rolls.htm|4711|bread    :white;breakfast;\n";
 constexpr const char* kJavaHelpTopics =
     "The Whole Loaf\n"
-    "Feeding|Feeding|\\BREAD\\Feeding.htm||\n"
+    "Feeding|Feeding|\\bread\\Feeding.htm||\n"
     "FirstTopic|FirstTopic|\\HTML\\FirstTopic.htm||\n"
-    "Loaf|Loaf|\\SHAPES\\Loaf.htm||\n"
-    "Starter|Starter|\\BREAD\\Starter.htm||\n"
-    "White rolls|Rolls|\\SHAPES\\Rolls.htm||bread    :white;breakfast;\n";
+    "Loaf|Loaf|\\shapes\\Loaf.htm||\n"
+    "Starter|Starter|\\bread\\Starter.htm||\n"
+    "White rolls|Rolls|\\shapes\\Rolls.htm||bread    :white;breakfast;\n";
 
 // As the files give it back: a book without a page of its own takes the identifier of the entry
 // before it, and a main key that only heads its sub-keys refers to itself.
 constexpr const char* kHtmlHelpNavigation =
     "FirstTopic ~\\FirstTopic.htm#^#IDH_FirstTopic#^#,,,,#^#\n"
-    "Rolls ~\\SHAPES\\Rolls.htm#^#rolls#^#,,,,#^#\n"
-    "Loaf ~\\SHAPES\\Loaf.htm#^#IDH_Loaf#^#,,,,#^#\n"
+    "Rolls ~\\shapes\\Rolls.htm#^#rolls#^#,,,,#^#\n"
+    "Loaf ~\\shapes\\Loaf.htm#^#IDH_Loaf#^#,,,,#^#\n"
     "Baking #^#IDH_Loaf#^#,,,,#^#\n"
-    "  Starter ~\\BREAD\\Starter.htm#^#IDH_Starter#^#,,,,#^#\n"
-    "  Feeding ~\\BREAD\\Feeding.htm#^#IDH_Feeding#^#,,,,#^#\n"
+    "  Starter ~\\bread\\Starter.htm#^#IDH_Starter#^#,,,,#^#\n"
+    "  Feeding ~\\bread\\Feeding.htm#^#IDH_Feeding#^#,,,,#^#\n"
     "bread=SEE ALSO: bread>\n"
-    "bread    :white=White rolls>~\\SHAPES\\Rolls.htm;:\n"
-    "breakfast=White rolls>~\\SHAPES\\Rolls.htm;:\n"
+    "bread    :white=White rolls>~\\shapes\\Rolls.htm;:\n"
+    "breakfast=White rolls>~\\shapes\\Rolls.htm;:\n"
     "morning=SEE ALSO: breakfast>\n";
 constexpr const char* kJavaHelpNavigation =
     "FirstTopic ~\\HTML\\FirstTopic.htm#^#FirstTopic#^##^#\n"
-    "Rolls ~\\SHAPES\\Rolls.htm#^#Rolls#^##^#\n"
-    "Loaf ~\\SHAPES\\Loaf.htm#^#Loaf#^##^#\n"
+    "Rolls ~\\shapes\\Rolls.htm#^#Rolls#^##^#\n"
+    "Loaf ~\\shapes\\Loaf.htm#^#Loaf#^##^#\n"
     "Baking #^##^##^#\n"
-    "  Starter ~\\BREAD\\Starter.htm#^#Starter#^##^#\n"
-    "  Feeding ~\\BREAD\\Feeding.htm#^#Feeding#^##^#\n"
+    "  Starter ~\\bread\\Starter.htm#^#Starter#^##^#\n"
+    "  Feeding ~\\bread\\Feeding.htm#^#Feeding#^##^#\n"
     "bread=\n"
-    "bread    :white=White rolls>~\\SHAPES\\Rolls.htm;:\n"
-    "breakfast=White rolls>~\\SHAPES\\Rolls.htm;:\n";
+    "bread    :white=White rolls>~\\shapes\\Rolls.htm;:\n"
+    "breakfast=White rolls>~\\shapes\\Rolls.htm;:\n";
 
 constexpr const char* kContentsFileOfJavaHelp =
     "\r\n     <tocitem text=\"FirstTopic\" target=\"FirstTopic\"/>\r\n"
@@ -72,9 +72,9 @@ constexpr const char* kContentsFileOfJavaHelp =
     "     </tocitem>\r\n"
     "</toc>\r\n";
 constexpr const char* kAliasFileOfHtmlHelp =
-    "IDH_Feeding=BREAD\\Feeding.htm\r\nIDH_FirstTopic=FirstTopic.htm\r\n"
-    "IDH_Loaf=SHAPES\\Loaf.htm\r\nIDH_Starter=BREAD\\Starter.htm\r\n"
-    "rolls=SHAPES\\Rolls.htm\r\n";
+    "IDH_Feeding=bread\\Feeding.htm\r\nIDH_FirstTopic=FirstTopic.htm\r\n"
+    "IDH_Loaf=shapes\\Loaf.htm\r\nIDH_Starter=bread\\Starter.htm\r\n"
+    "rolls=shapes\\Rolls.htm\r\n";
 
 class Story : public AuthoringFixture, public testing::WithParamInterface<Edition> {
   protected:
