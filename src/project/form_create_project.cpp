@@ -7,6 +7,7 @@
 #include "project/form_new_topic.hpp"
 #include "project/open_project.hpp"
 #include "project/paths.hpp"
+#include "project/recovery.hpp"
 #include "project/save_project.hpp"
 #include "project/side_files.hpp"
 #include "project/unsaved_work.hpp"
@@ -134,8 +135,7 @@ void FormCreateProject::OKButton_Click() {
     project.project_title = title.empty() ? "Untitled" : title;
     UpdateCaption(main_);
     project.proj_success = true;
-    main_.unsaved.saved_lists.clear();
-    main_.unsaved.is_open = true;
+    StartUnsavedWork(main_);
     ShowNewTopic(main_);
     project.common_flag = 0;
     closed = true;

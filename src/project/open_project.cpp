@@ -75,6 +75,16 @@ std::string SitemapFile(const MainForm& main, std::string_view key, std::string_
                          : MakeFullPathRel(value, proj);
 }
 
+/// The contents of a project just converted have a map id for each location.
+void TakeFirstLocationAsDefault(MainForm& main) {
+    try {
+        const TreeNode& node = FirstNodeWithLocation(main.contents.Tree1);
+        main.project.project_def_topic = UnpackNodeData(node.Tag).target;
+    } catch (const RuntimeError&) {
+        // There is none: the log tells when the first topic cannot be opened.
+    }
+}
+
 /// Makes a JavaHelp project of an HTML Help project that has just been read.
 void ConvertInMemory(MainForm& main) {
     ProjectState& project = main.project;
@@ -85,15 +95,10 @@ void ConvertInMemory(MainForm& main) {
     project.hhkfile = base + "Index.xml";
     project.java_map_file = base + ".jhm";
     project.project_def_topic.clear();
+    TakeFirstLocationAsDefault(main);
     main.contents.toc_dirty = true;
     main.keywords.index_dirty = true;
     if (project.xml_form == XmlForm::kEscaped) TakeReferencesAsCharacters(main);
-}
-
-/// The contents of a project just converted have a map id for each location.
-void TakeFirstLocationAsDefault(MainForm& main) {
-    const TreeNode& node = FirstNodeWithLocation(main.contents.Tree1);
-    main.project.project_def_topic = UnpackNodeData(node.Tag).target;
 }
 
 void CopyArrowPictures(MainForm& main) {
@@ -123,13 +128,7 @@ void ReadHtmlHelpProject(MainForm& main, const Trap& trap) {
     if (main.settings.is_javahelp_edition) ConvertInMemory(main);
     main.window.StatusBar1.SetPanel(1, "");
     OfferUnsavedWork(main);
-    if (main.contents.Tree1.Count() > 0) {
-        trap([&] {
-            // Of a project just converted; a HelpSet that names no home keeps none.
-            if (project.help_mode == 1) TakeFirstLocationAsDefault(main);
-            OpenFirstContentsItem(main);
-        });
-    }
+    if (main.contents.Tree1.Count() > 0) trap([&] { OpenFirstContentsItem(main); });
     if (project.project_title.empty()) project.project_title = "Untitled";
     UpdateCaption(main);
     if (!main.settings.is_javahelp_edition) CopyArrowPictures(main);

@@ -26,6 +26,9 @@ constexpr const char* kLabel = "MainForm OfferUnsavedWork: ";
 /// The lists that the author has not decided about yet.
 constexpr std::string_view kLeftLists = "lists.left";
 
+/// Stands for a record of another run, so that it is written anew or removed.
+constexpr std::size_t kNoHash = 0;
+
 std::string ReadPrivate(MainForm& main, std::string_view file) {
     const std::string path = PrivateFile(main, main.project.proj, file);
     return main.files.FileExists(path) ? main.files.ReadFile(path) : std::string();
@@ -148,6 +151,7 @@ void TakeOverLists(MainForm& main) {
 void AddLists(MainForm& main, std::vector<Offer>& offers) {
     const auto kept = ReadKeptLists(ReadPrivate(main, kLeftLists));
     if (!kept) return;
+    const std::size_t offers_before = offers.size();
     for (const ProjectList& list : ProjectLists()) {
         const auto found = std::find_if(kept->lists.begin(), kept->lists.end(),
                                         [&](const KeptList& one) { return one.name == list.name; });
@@ -159,6 +163,9 @@ void AddLists(MainForm& main, std::vector<Offer>& offers) {
         offer.work.when = kept->when;
         offers.push_back(std::move(offer));
     }
+    if (offers.size() > offers_before) return;
+    // The project says all of it. Once it is edited the record would look like work again.
+    main.files.DeleteFile(PrivateFile(main, main.project.proj, kLeftLists));
 }
 
 void Decide(MainForm& main, const std::vector<Offer>& offers, const FormRecover& form) {
@@ -184,19 +191,30 @@ void Decide(MainForm& main, const std::vector<Offer>& offers, const FormRecover&
     }
     const std::string left = PrivateFile(main, main.project.proj, kLeftLists);
     if (!main.files.FileExists(left)) return;
-    if (are_lists_taken) {
-        main.files.DeleteFile(left);
-    } else {
+    if (!are_lists_taken) {
         PutAside(main.files, left);
+        return;
     }
+    // This run has not kept them yet, and may end badly as well: until then the record stays.
+    main.files.MoveFile(left, PrivateFile(main, main.project.proj, kListsFile));
+    main.unsaved.written[std::string(kListsFile)] = kNoHash;
+}
+
+/// Nothing is known of another project's work.
+void Reset(UnsavedWork& unsaved) {
+    unsaved.written.clear();
+    unsaved.saved_lists.clear();
+    unsaved.copies.clear();
+    unsaved.left_copies.clear();
+    unsaved.taken_lists.clear();
+    unsaved.taken_back = false;
 }
 
 std::vector<Offer> FindOffers(MainForm& main, const Trap& trap) {
     std::vector<Offer> offers;
     trap([&] {
         const std::string record = ReadPrivate(main, kCopiesFile);
-        // Of no content that there can be, so that it is written anew or removed.
-        if (!record.empty()) main.unsaved.written[std::string(kCopiesFile)] = 0;
+        if (!record.empty()) main.unsaved.written[std::string(kCopiesFile)] = kNoHash;
         for (KeptCopy& copy : ReadKeptCopies(record)) {
             std::string path = copy.path;
             main.unsaved.left_copies[std::move(path)] = std::move(copy);
@@ -231,15 +249,10 @@ void TakeBackTopic(MainForm& main, ListRow& row) {
 }
 
 void OfferUnsavedWork(MainForm& main) {
-    UnsavedWork& unsaved = main.unsaved;
-    if (!unsaved.is_on) return;
-    unsaved.written.clear();
-    unsaved.copies.clear();
-    unsaved.taken_lists.clear();
-    unsaved.taken_back = false;
+    if (!main.unsaved.is_on) return;
+    Reset(main.unsaved);
     NoteSavedLists(main);
     const Trap trap(main.log, kLabel);
-    unsaved.left_copies.clear();
     const std::vector<Offer> offers = FindOffers(main, trap);
     if (offers.empty()) return;
     std::vector<LeftWork> works;
@@ -248,6 +261,16 @@ void OfferUnsavedWork(MainForm& main) {
     main.screen.ShowModal(form);
     // Otherwise each topic asks when it is opened, and the lists are offered the next time.
     if (form.is_decided) trap([&] { Decide(main, offers, form); });
+}
+
+void StartUnsavedWork(MainForm& main) {
+    if (!main.unsaved.is_on) return;
+    Reset(main.unsaved);
+    for (const std::string_view file : {kTopicFile, kListsFile, kLeftLists, kCopiesFile}) {
+        const std::string path = PrivateFile(main, main.project.proj, file);
+        if (main.files.FileExists(path)) PutAside(main.files, path);
+    }
+    main.unsaved.is_open = true;
 }
 
 void MarkTakenBackWork(MainForm& main) {

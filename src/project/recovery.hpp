@@ -12,6 +12,10 @@ struct MainForm;
 /// those that the project's files have.
 void OfferUnsavedWork(MainForm& main);
 
+/// To be called for a project that is being made: what is left of one that was there before is put
+/// aside, and all of the new one is still to be saved.
+void StartUnsavedWork(MainForm& main);
+
 /// Goes on with the working copy that an earlier run left of the topic. Saving asks where another
 /// program has changed the topic since.
 void TakeBackTopic(MainForm& main, ListRow& row);

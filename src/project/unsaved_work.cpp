@@ -73,9 +73,10 @@ const LoadedFile* StartOf(const MainForm& main, const std::string& topic) {
 std::string OpenTopicContent(MainForm& main) {
     const EditSurface& surface = main.DHTMLEdit1;
     const EditorState& editor = main.editor;
+    // First: a surface that waits for its engine lets events run, and one may open another topic.
+    if (!editor.source_edited && !surface.IsDirty()) return {};
     const std::string path = TopicPath(surface.CurrentDocumentPath());
     if (path.empty() || IsTemplateOpen(main)) return {};
-    if (!editor.source_edited && !surface.IsDirty()) return {};
     const DocumentCopy copy =
         editor.source_edited ? DocumentCopy{main.Source1.Text(), {}, {}} : surface.LastHeard();
     if (copy.edited.empty() && copy.source == editor.kept_html) return {};
@@ -159,8 +160,8 @@ void KeepUnsavedWork(MainForm& main) {
         Keep(main, kTopicFile, kTopicForm, OpenTopicContent(main));
         Keep(main, kCopiesFile, kCopiesForm, CopiesContent(main));
         if (!main.unsaved.lists_changed) return;
-        main.unsaved.lists_changed = false;
         Keep(main, kListsFile, kListsForm, ListsContent(main));
+        main.unsaved.lists_changed = false;
     } catch (const RuntimeError& error) {
         main.log.Note("MainForm KeepUnsavedWork: ", error.Number(), error.what());
     }

@@ -151,15 +151,18 @@ class Recovery : public testing::TestWithParam<Family> {
 TEST_P(Recovery, TakesBackAllThatWasNotSaved) {
     const std::string lists = WorkAndDie(GetParam());
     EXPECT_EQ(folder.Read("p/b.htm"), kTopicB);
-    {
+    for (const bool dies_at_once : {true, false}) {
         Program run(folder);
         Expect(run, [&](FormRecover& form) {
             EXPECT_EQ(Names(form), kAll);
-            for (const LeftWork& work : form.works) EXPECT_EQ(work.when.size(), 16U) << work.name;
+            if (dies_at_once) {
+                for (const LeftWork& work : form.works) EXPECT_EQ(work.when.size(), 16U);
+            }
             TakeAll(form);
         });
         run.Open(GetParam());
         EXPECT_EQ(run.Lists(), lists);
+        if (dies_at_once) continue;
         EXPECT_EQ(run.surface.DocumentHTML(), kEditedA) << "it is opened as it was left";
         EXPECT_TRUE(run.main.project.project_dirty);
         EXPECT_TRUE(FileSave_Click(run.main));
@@ -190,6 +193,26 @@ TEST_P(Recovery, PutsAsideWhatIsNotWanted) {
     EXPECT_EQ(folder.Read("p/a.htm.tmp.htm.bak2"), kEditedA);
     EXPECT_EQ(folder.Read("p/b.htm.tmp.htm.bak"), kEditedB);
     EXPECT_TRUE(Kept().contains("lists.left.bak"));
+}
+
+TEST_P(Recovery, WhatTheProjectHasByNowIsNoWork) {
+    {
+        // Killed when the save had written the lists.
+        Program run(folder);
+        run.Open(GetParam());
+        run.main.contents.Tree1.Roots().front()->Text = "Another caption";
+        SetContentsDirty(run.main);
+        run.main.unsaved.lists_changed = true;
+        KeepUnsavedWork(run.main);
+        const std::string kept = PrivateFile(run.main, run.main.project.proj, kListsFile);
+        const std::string record = run.files.ReadFile(kept);
+        EXPECT_TRUE(FileSave_Click(run.main));
+        run.files.WriteFile(kept, record);
+    }
+    Program run(folder);
+    run.Open(GetParam());
+    EXPECT_EQ(run.main.contents.Tree1.Roots().front()->Text, "Another caption");
+    EXPECT_EQ(Kept(), std::set<std::string>{});
 }
 
 TEST_P(Recovery, CanBeDecidedAnotherTime) {
