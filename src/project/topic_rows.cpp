@@ -45,7 +45,7 @@ GoingNodes NodesOfTopic(TreeView& tree, const std::string& path) {
     GoingNodes going;
     for (std::size_t i = 0; i < left.size(); ++i) {
         TreeNode* const node = left[i];
-        if (!EqualsIgnoringCase(UnpackNodeData(node->Tag).location, path)) continue;
+        if (!EqualsIgnoringCase(NodeLocation(node->Tag), path)) continue;
         going.nodes.push_back(node);
         const std::size_t gone =
             std::erase_if(left, [&](const TreeNode* other) { return IsInside(other, *node); });

@@ -12,6 +12,7 @@
 #include "platform/text.hpp"
 #include "project/side_files.hpp"
 #include "project/topic_properties.hpp"
+#include "project/topic_rows.hpp"
 
 namespace quorrel {
 namespace {
@@ -189,6 +190,7 @@ void OfferXmlForm(MainForm& main) {
 }
 
 void TakeReferencesAsCharacters(MainForm& main) {
+    const OpenRowKeeper keeper(main.topics);
     TextWalk walk(
         main, [](const Kind&, std::string& text) { text = TextFromXml(text, XmlForm::kEscaped); });
     walk.All();
