@@ -12,8 +12,12 @@ namespace {
 using html::HtmlToken;
 using html::TokenKind;
 
+constexpr std::size_t kLongestPath = 4096;
+
 /// `text` up to the mark that ends it, without blanks and quotes around it.
 std::string Unquoted(std::string_view text, char end) {
+    // No path is longer; a mark that is missing again and again is not looked for to the end.
+    text = text.substr(0, kLongestPath);
     std::string_view part = Trim(text.substr(0, text.find(end)));
     for (const char quote : {'"', '\''}) {
         if (part.starts_with(quote)) part = part.substr(1, part.find(quote, 1) - 1);
