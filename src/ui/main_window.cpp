@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QOpenGLWidget>
+#include <QScopeGuard>
 #include <QStatusBar>
 
 #include "app/failed_step.hpp"
@@ -208,7 +209,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (!Form_QueryUnload(main_)) return;
     event->accept();
     is_closed_ = true;
-    emit Closed();
+    // The run ends whatever the rest raises, and not before a message of it has been read.
+    const auto end = qScopeGuard([this] { emit Closed(); });
     Remember();
     Form_Unload(main_);
 }
