@@ -4,6 +4,7 @@
 
 #include "app/command_tables.hpp"
 #include "app/main_form.hpp"
+#include "platform/text.hpp"
 
 namespace quorrel {
 namespace {
@@ -23,6 +24,20 @@ void PrepareButtons(MainForm& main, std::span<const ToolButton> buttons) {
     for (const ToolButton& button : buttons) {
         main.window.Named(button.key).ToolTipText = std::string(button.tool_tip);
     }
+}
+
+/// What the user calls it.
+std::string NameFor(MainForm& main, std::string_view name) {
+    const MenuEntry& entry = EntryOf(main.window, name);
+    if (FindButton(name) != nullptr) return entry.ToolTipText;
+    return ReplaceAll(ReplaceAll(entry.Caption(), "&", ""), "...", "");
+}
+
+/// Whether the tab that is shown has it, whatever is selected there.
+bool IsOnTab(MainForm& main, std::string_view name) {
+    if (!EntryOf(main.window, name).Enabled) return false;
+    const Command* command = FindCommand(name);
+    return command == nullptr || IsReachable(main, MenuOf(*command));
 }
 
 }  // namespace
@@ -79,6 +94,18 @@ bool RunCommand(MainForm& main, std::string_view name) {
     if (!can_run) return false;
     command->run(main);
     return true;
+}
+
+std::string WhyNot(MainForm& main, std::string_view name) {
+    const std::string shown = NameFor(main, name);
+    if (!IsAvailable(name)) return shown + " is not available yet.";
+    if (main.project.proj.empty()) return shown + " needs an open project.";
+    const TabStrip& tabs = main.window.TabStrip2;
+    if (!IsOnTab(main, name)) {
+        return shown + " is not available on the tab " + tabs.TabCaption(tabs.SelectedIndex()) +
+               ".";
+    }
+    return shown + " is not available at the moment.";
 }
 
 }  // namespace quorrel

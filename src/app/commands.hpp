@@ -1,6 +1,7 @@
 // Running the commands of the tables and asking how they stand.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "app/window_controls.hpp"
@@ -31,5 +32,8 @@ void CloseMenu(MainForm& main, const Menu& menu);
 /// Runs the command of an entry, chosen in its menu or by its key, if it can be run now: its menu
 /// is enabled, and the entry is when its menu opens. False where it cannot.
 bool RunCommand(MainForm& main, std::string_view name);
+
+/// Why an entry, a menu or a button cannot be used now, as a sentence for the user.
+[[nodiscard]] std::string WhyNot(MainForm& main, std::string_view name);
 
 }  // namespace quorrel

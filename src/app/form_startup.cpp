@@ -47,7 +47,9 @@ void FormStartup::Command2_Click() {
 
 void FormStartup::Command4_Click() {
     main_.project.recent_proj.clear();
+    main_.screen.SetPointer(Pointer::kHourglass);
     OpenProject_Click(main_);
+    main_.screen.SetPointer(Pointer::kNormal);
     CloseIfOpened();
 }
 

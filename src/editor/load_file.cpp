@@ -1,6 +1,7 @@
 #include "editor/load_file.hpp"
 
 #include "app/main_form.hpp"
+#include "contents/node_of_topic.hpp"
 #include "editor/document_text.hpp"
 #include "editor/foreign_change.hpp"
 #include "editor/object_mask.hpp"
@@ -184,6 +185,7 @@ std::int32_t BringToSurface(MainForm& main) {
 void StayWithDocument(MainForm& main) {
     main.editor.new_main_path = main.editor.main_path;
     SyncTopicSelection(main);
+    SelectNodeOfTopic(main);
 }
 
 /// Takes the document off the surface, where nothing may be that a save would take for the topic
@@ -225,6 +227,7 @@ void OpenInExternalEditor(MainForm& main) {
     if (!editor.main_path.empty()) KeepStatusNotes(main);
     editor.main_path = editor.new_main_path;
     GetStatusNotes(main);
+    SelectNodeOfTopic(main);
     if (ShowsTab(main, right_tab::kProperties)) return LoadTopicProperties(main);
     SyncTopicSelection(main);
 }
@@ -244,6 +247,7 @@ void LoadFileAlone(MainForm& main) {
     editor.main_path = editor.new_main_path;
     const std::int32_t failure = BringToSurface(main);
     SyncTopicSelection(main);
+    SelectNodeOfTopic(main);
     editor.ActiveDirty = true;
     editor.TopicPropDirty = false;
     TellLoadFailure(main, failure, editor.temp_path);

@@ -154,6 +154,7 @@ void ClearProject(MainForm& main) {
     main.keywords.ListKeywords.Clear();
     main.topics.ListAliases.Clear();
     main.topics.current_topic_index = 0;
+    for (const int panel : {1, 2}) main.window.StatusBar1.SetPanel(panel, {});
     main.editor.main_path.clear();
     CloseDocument(main, "There is no topic to show.");
     main.editor.TopicPropDirty = false;

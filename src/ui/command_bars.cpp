@@ -2,10 +2,12 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSignalBlocker>
+#include <QStatusBar>
 #include <QToolBar>
 
 #include "app/command_tables.hpp"
@@ -15,6 +17,7 @@
 #include "editor/formatting.hpp"
 #include "ui/listen.hpp"
 #include "ui/qt_text.hpp"
+#include "ui/theme_icon.hpp"
 
 namespace quorrel {
 namespace {
@@ -26,6 +29,13 @@ QString MenuText(const std::string& caption) {
     const std::string_view text = caption;
     return WithoutMnemonics(ToQt(text.substr(0, mark))) + "&" +
            WithoutMnemonics(ToQt(text.substr(mark + 1)));
+}
+
+/// Whether the key with Alt is that of a menu of the bar.
+bool IsLetterOf(const Menu& menu, const QKeyEvent& key) {
+    return key.modifiers() == Qt::AltModifier &&
+           QKeySequence::mnemonic(MenuText(std::string(menu.caption))) ==
+               QKeySequence(key.keyCombination());
 }
 
 /// A tip with the key that does the same.
@@ -88,7 +98,7 @@ QMenu* CommandBars::ContextMenu(const QString& name) const {
 }
 
 void CommandBars::ShowIcons() {
-    for (const Icon& icon : icons_) icon.action->setIcon(QIcon::fromTheme(icon.name));
+    for (const Icon& icon : icons_) icon.action->setIcon(ThemeIcon(icon.name));
 }
 
 void CommandBars::MakeMenu(const Menu& menu) {
@@ -163,10 +173,39 @@ void CommandBars::Follow(QAction* action, const Command& command) {
     follow();
     Listen(model.changed, action, follow);
     connect(action, &QAction::triggered, this, [this, name = command.name, follow] {
-        RunCommand(main_, name);
+        if (!RunCommand(main_, name)) Tell(WhyNot(main_, name));
         follow();
     });
     if (command.name == "fileexit") action->setMenuRole(QAction::QuitRole);
+}
+
+void CommandBars::Tell(const std::string& text) {
+    constexpr int kMilliseconds = 5000;
+    window_->statusBar()->showMessage(ToQt(text), kMilliseconds);
+}
+
+bool CommandBars::TellWhyNot(const QKeyEvent& key) {
+    const QKeySequence pressed(key.keyCombination());
+    const auto tell = [&](std::string_view name, std::string_view shortcut) {
+        const bool is_it = !shortcut.empty() && QKeySequence::fromString(ToQt(shortcut)) == pressed;
+        if (is_it) Tell(WhyNot(main_, name));
+        return is_it;
+    };
+    for (const Menu& menu : Menus()) {
+        if (menu.place == MenuPlace::kBar && IsLetterOf(menu, key)) {
+            Tell(WhyNot(main_, menu.name));
+            return true;
+        }
+        for (const Command& command : menu.entries) {
+            if (tell(command.name, command.shortcut)) return true;
+        }
+    }
+    for (const auto buttons : {ToolBarButtons(), FormatBarButtons()}) {
+        for (const ToolButton& button : buttons) {
+            if (tell(button.key, button.shortcut)) return true;
+        }
+    }
+    return false;
 }
 
 QToolBar* CommandBars::MakeToolBar(const char* name, const QString& title) {
@@ -189,7 +228,9 @@ void CommandBars::AddButton(QToolBar* bar, const ToolButton& button, bool is_for
     }
     icons_.push_back({action, ToQt(button.icon)});
     MenuEntry& model = EntryOf(main_.window, button.key);
-    const auto follow = [action, &model, shortcut = button.shortcut] {
+    // The tips of the main bar are worded in full.
+    const std::string_view shown_key = is_format ? button.shortcut : std::string_view{};
+    const auto follow = [action, &model, shortcut = shown_key] {
         const QString tip = ToQt(model.ToolTipText());
         action->setText(tip);
         action->setToolTip(TipWithKey(tip, shortcut));

@@ -3,9 +3,11 @@
 
 #include <QObject>
 
+#include <string>
 #include <vector>
 
 class QAction;
+class QKeyEvent;
 class QMainWindow;
 class QMenu;
 class QToolBar;
@@ -27,8 +29,12 @@ class CommandBars : public QObject {
     [[nodiscard]] QMenu* ContextMenu(const QString& name) const;
     /// Takes the icons of the theme anew, as after a change of the palette.
     void ShowIcons();
+    /// Says in the status bar why the command of a key cannot be used, for a key that nobody has
+    /// taken. False for a key that is none of a command.
+    bool TellWhyNot(const QKeyEvent& key);
 
   private:
+    void Tell(const std::string& text);
     void MakeMenu(const Menu& menu);
     void Fill(QMenu* made, const Menu& menu);
     QAction* AddEntry(QMenu* made, const Command& command);

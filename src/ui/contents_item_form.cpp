@@ -115,6 +115,7 @@ void ContentsItemForm::AddIcon(QGridLayout* grid) {
     QLineEdit* number = MakeNarrowEdit("EditIcon", window.EditIcon, 6);
     auto* name = new QComboBox;
     name->setObjectName("ComboIcon");
+    name->setAccessibleName("Icon");
     FollowComboBox(name, window.ComboIcon);
     auto* row = new QHBoxLayout;
     row->addWidget(name, 1);

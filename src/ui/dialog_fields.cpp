@@ -116,6 +116,11 @@ QPushButton* MakeButton(const char* name, const QString& caption, Control& contr
 QLabel* MakeLabel(const QString& caption, QWidget* buddy) {
     auto* label = new QLabel(caption);
     label->setBuddy(buddy);
+    // Screen readers find the label of some kinds of fields only.
+    if (buddy->accessibleName().isEmpty()) {
+        QString name = caption;
+        buddy->setAccessibleName(name.remove('&').remove(':'));
+    }
     return label;
 }
 

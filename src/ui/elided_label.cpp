@@ -17,6 +17,7 @@ ElidedLabel::ElidedLabel(const QString& name, Qt::TextElideMode mode, QWidget* p
 void ElidedLabel::ShowText(const QString& text) {
     setText(text);
     setToolTip(PlainToolTip(text));
+    setAccessibleDescription(text);
 }
 
 QSize ElidedLabel::minimumSizeHint() const {

@@ -1,7 +1,7 @@
 #include "ui/error_log_dialog.hpp"
 
 #include <QDialogButtonBox>
-#include <QFontDatabase>
+#include <QFont>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -9,6 +9,7 @@
 #include "platform/text.hpp"
 #include "ui/listen.hpp"
 #include "ui/qt_text.hpp"
+#include "ui/scrolled_dialog.hpp"
 #include "ui/window_settings.hpp"
 
 namespace quorrel {
@@ -19,14 +20,20 @@ ErrorLogDialog::ErrorLogDialog(FormErrorLog& form, QWidget* parent)
     setWindowTitle(ToQt(form_.Caption));
     text_->setObjectName("Text1");
     text_->setAccessibleName(windowTitle());
-    text_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    QFont font("Courier New", text_->font().pointSize());
+    // Where it is missing, another one of one width.
+    font.setStyleHint(QFont::TypeWriter);
+    text_->setFont(font);
     text_->setLineWrapMode(QPlainTextEdit::NoWrap);
     text_->setReadOnly(form_.Text1.Locked());
     text_->setPlainText(ToQt(ReplaceAll(form_.Text1.Text(), kLineEnd, "\n")));
     auto* all = new QVBoxLayout(this);
     all->addWidget(text_, 1);
     all->addWidget(MakeButtons());
-    if (!WindowSettings().RestoreGeometry("FormErrorLog", this)) resize(680, 480);
+    typed_.emplace(*this);
+    if (!WindowSettings().RestoreGeometry("FormErrorLog", this)) {
+        resize(FittingSize(*this, {680, 480}));
+    }
     text_->setFocus();
 }
 
@@ -45,7 +52,7 @@ QWidget* ErrorLogDialog::MakeButtons() {
     auto* cancel = buttons->addButton(QString(), QDialogButtonBox::RejectRole);
     cancel->setObjectName("Command2");
     FollowButton(cancel, form_.Command2);
-    connect(cancel, &QPushButton::clicked, this, &ErrorLogDialog::reject);
+    connect(cancel, &QPushButton::clicked, this, &ErrorLogDialog::Leave);
     auto* help = buttons->addButton(QString(), QDialogButtonBox::HelpRole);
     help->setObjectName("Command3");
     FollowButton(help, form_.Command3);
@@ -63,6 +70,10 @@ void ErrorLogDialog::Finish() {
 }
 
 void ErrorLogDialog::reject() {
+    if (typed_->MayBeLost()) Leave();
+}
+
+void ErrorLogDialog::Leave() {
     form_.Command2_Click();
     QDialog::reject();
 }

@@ -3,7 +3,10 @@
 
 #include <QDialog>
 
+#include <optional>
+
 #include "app/form_error_log.hpp"
+#include "ui/typed_text.hpp"
 
 class QPlainTextEdit;
 
@@ -20,9 +23,11 @@ class ErrorLogDialog : public QDialog {
   private:
     QWidget* MakeButtons();
     void Finish();
+    void Leave();
 
     FormErrorLog& form_;
     QPlainTextEdit* text_;
+    std::optional<TypedText> typed_;
 };
 
 }  // namespace quorrel

@@ -8,6 +8,7 @@
 #include <QToolButton>
 
 #include "ui/metrics.hpp"
+#include "ui/theme_icon.hpp"
 
 namespace quorrel {
 namespace {
@@ -16,7 +17,7 @@ QToolButton* AddButton(FindBar* bar, const char* name, const char* icon, const Q
                        const QString& tip) {
     auto* button = new QToolButton(bar);
     button->setObjectName(name);
-    button->setIcon(QIcon::fromTheme(icon));
+    button->setIcon(ThemeIcon(icon));
     button->setText(text);
     button->setToolTip(tip);
     button->setAccessibleName(text);

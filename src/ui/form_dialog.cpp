@@ -4,6 +4,7 @@
 #include <QPushButton>
 
 #include "ui/qt_text.hpp"
+#include "ui/scrolled_dialog.hpp"
 #include "ui/window_settings.hpp"
 
 namespace quorrel {
@@ -32,19 +33,26 @@ QWidget* FormDialog::MakeButtons(const QString& ok_name, std::function<void()> o
     ok_->setDefault(true);
     buttons->button(QDialogButtonBox::Cancel)->setObjectName(cancel_name);
     connect(buttons, &QDialogButtonBox::accepted, this, [this, ok = std::move(ok)] { Run(ok); });
-    connect(buttons, &QDialogButtonBox::rejected, this, &FormDialog::reject);
+    connect(buttons, &QDialogButtonBox::rejected, this, &FormDialog::Leave);
+    buttons_ = buttons;
     return buttons;
 }
 
 void FormDialog::RestoreSize(const QString& name, QSize otherwise) {
     size_name_ = name;
+    if (buttons_ != nullptr) ScrollAllBut(buttons_, *this);
+    typed_.emplace(*this);
     if (WindowSettings().RestoreGeometry(name, this)) return;
-    resize(otherwise.expandedTo(sizeHint()));
+    resize(FittingSize(*this, otherwise.expandedTo(sizeHint())));
+}
+
+void FormDialog::Leave() {
+    Cancel();
+    QDialog::reject();
 }
 
 void FormDialog::reject() {
-    Cancel();
-    QDialog::reject();
+    if (!typed_ || typed_->MayBeLost()) Leave();
 }
 
 void FormDialog::done(int result) {

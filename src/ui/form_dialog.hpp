@@ -4,8 +4,10 @@
 #include <QDialog>
 
 #include <functional>
+#include <optional>
 
 #include "platform/screen.hpp"
+#include "ui/typed_text.hpp"
 
 class QAbstractButton;
 class QPushButton;
@@ -19,6 +21,8 @@ class FormDialog : public QDialog {
     FormDialog(Form& form, const QString& caption, QWidget* parent);
 
     void done(int result) override;
+    /// The Escape key and the window's own way to close it. Asks before what was typed is lost;
+    /// the Cancel button says what it does, and does not.
     void reject() override;
 
   protected:
@@ -34,12 +38,17 @@ class FormDialog : public QDialog {
                          const QString& cancel_name);
     /// The default button, once it is made.
     [[nodiscard]] QPushButton* OkButton() const { return ok_; }
-    /// The size that is remembered under `name`, or as large as `otherwise` at least.
+    /// The dialog is made: it gets the size that is remembered under `name`, or one as large as
+    /// `otherwise` at least where the screen has room for it.
     void RestoreSize(const QString& name, QSize otherwise);
 
   private:
+    void Leave();
+
     Form& form_;
     QPushButton* ok_ = nullptr;
+    QWidget* buttons_ = nullptr;
+    std::optional<TypedText> typed_;
     QString size_name_;
 };
 

@@ -12,6 +12,8 @@
 #include "project/project_files.hpp"
 #include "ui/enter_key.hpp"
 #include "ui/qt_text.hpp"
+#include "ui/scrolled_dialog.hpp"
+#include "ui/theme_icon.hpp"
 #include "ui/tree_view_model.hpp"
 
 namespace quorrel {
@@ -60,7 +62,7 @@ HelpWindow::HelpWindow(MainForm& main, QWidget* parent)
     all->setSpacing(0);
     all->addWidget(MakeButtons());
     all->addWidget(split_, 1);
-    if (!settings_.RestoreGeometry(kName, this)) resize(900, 640);
+    if (!settings_.RestoreGeometry(kName, this)) resize(FittingSize(*this, {900, 640}));
     const int left = settings_.Number(kSplit, kLeftWidth);
     split_->setSizes({left, qMax(1, width() - left)});
     contents_->setFocus();
@@ -96,7 +98,7 @@ QWidget* HelpWindow::MakeButtons() {
                          const QString& key, auto work) {
         auto* button = new QToolButton;
         button->setObjectName(name);
-        button->setIcon(QIcon::fromTheme(icon));
+        button->setIcon(ThemeIcon(icon));
         button->setText(text);
         button->setToolTip(text + " (" + key + ")");
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);

@@ -12,7 +12,10 @@ void FollowControl(QWidget* widget, Control& control) {
         widget->setEnabled(control.Enabled());
         widget->setVisible(control.Visible());
         const std::string& tip = control.ToolTipText;
-        if (!tip.empty()) widget->setToolTip(PlainToolTip(ToQt(tip)));
+        if (tip.empty()) return;
+        widget->setToolTip(PlainToolTip(ToQt(tip)));
+        // A screen reader would read the tool tip's markup out.
+        widget->setAccessibleDescription(ToQt(tip));
     };
     show();
     Listen(control.changed, widget, show);

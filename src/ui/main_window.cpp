@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QOpenGLWidget>
 #include <QScopeGuard>
@@ -12,6 +13,9 @@
 #include "app/main_form.hpp"
 #include "app/startup.hpp"
 #include "contents/contents_drag.hpp"
+#include "documents/topic_report.hpp"
+#include "platform/text.hpp"
+#include "platform/unicode.hpp"
 #include "project/open_topic.hpp"
 #include "project/project_files.hpp"
 #include "project/unsaved_work.hpp"
@@ -29,8 +33,10 @@
 #include "ui/outline_pane.hpp"
 #include "ui/pane_area.hpp"
 #include "ui/preview_pane.hpp"
+#include "ui/preview_view.hpp"
 #include "ui/progress_view.hpp"
 #include "ui/qt_text.hpp"
+#include "ui/scrolled_dialog.hpp"
 #include "ui/topic_properties_page.hpp"
 #include "ui/topics_pane.hpp"
 #include "ui/web_surface.hpp"
@@ -49,6 +55,19 @@ void PrepareForWebView(QWidget* window) {
     auto* child = new QOpenGLWidget(window);
     child->setFixedSize(0, 0);
     child->hide();
+}
+
+/// A character with Alt, but for those that the keypad makes of a number.
+bool IsLetterWithAlt(const QKeyEvent& key) {
+    const auto modifiers = key.modifiers() & ~Qt::ShiftModifier;
+    return modifiers == Qt::AltModifier && !key.text().isEmpty() && key.text().at(0).isPrint();
+}
+
+bool IsInPreview(const QObject* object) {
+    for (; object != nullptr; object = object->parent()) {
+        if (qobject_cast<const PreviewView*>(object) != nullptr) return true;
+    }
+    return false;
 }
 
 }  // namespace
@@ -84,6 +103,9 @@ MainWindow::MainWindow(MainForm& main, WebSurface& surface, QWidget* source, Pre
     FollowStatus();
     FollowFailures();
     FollowUnsavedWork();
+#ifndef Q_OS_MACOS  // where Alt makes characters
+    qApp->installEventFilter(this);
+#endif
 }
 
 void MainWindow::FollowUnsavedWork() {
@@ -109,6 +131,11 @@ void MainWindow::FollowFailures() {
 
 void MainWindow::Connect(PreviewPane& preview) {
     preview.code_page = [this] { return main_.texts.CodePageNumber(); };
+    preview.links_from = [this](const std::string& path) {
+        const bool is_report =
+            !main_.project.proj.empty() && EqualsIgnoringCase(path, ReportPath(main_));
+        return is_report ? std::string(BeforeLast(main_.project.proj, '\\', {})) : std::string();
+    };
     preview.belongs = [this](const std::string& path) { return IsFileOfProject(main_, path); };
 }
 
@@ -151,13 +178,14 @@ void MainWindow::MakeStatusBar() {
 void MainWindow::FollowWindow() {
     const Control& window = main_.window.window;
     setWindowTitle(ToQt(window.Caption()));
+    QCoreApplication::setApplicationName(ToQt(main_.settings.APP_NAME));
     if (window.Visible() && !was_shown_) ShowFirstTime();
     if (!is_closed_) setVisible(window.Visible());
 }
 
 void MainWindow::ShowFirstTime() {
     was_shown_ = true;
-    if (!settings_.RestoreGeometry("MainForm", this)) resize(1100, 720);
+    if (!settings_.RestoreGeometry("MainForm", this)) resize(FittingSize(*this, {1100, 720}));
     // The area takes its size when the window is shown; the split wants it now.
     setVisible(true);
     area_->StartWithSplitAt(settings_.Number(kSplit, kLeftWidth));
@@ -220,6 +248,24 @@ void MainWindow::changeEvent(QEvent* event) {
     if (event->type() != QEvent::PaletteChange || bars_ == nullptr) return;
     ChooseIconTheme(palette());
     bars_->ShowIcons();
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    // What comes up here nobody has taken.
+    if (!bars_->TellWhyNot(*event)) QMainWindow::keyPressEvent(event);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    // A page in the preview may have keys of its own.
+    if (!IsLetterWithAlt(key) || QApplication::activePopupWidget() != nullptr ||
+        IsInPreview(watched)) {
+        return false;
+    }
+    const bool is_here = static_cast<QWidget*>(watched)->window() == this;
+    if (!is_here || !bars_->TellWhyNot(key)) main_.screen.Beep();
+    return true;
 }
 
 }  // namespace quorrel

@@ -35,6 +35,9 @@ class MainWindow : public QMainWindow {
   protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    /// Sees all events of the application: a letter with Alt that no menu has taken is not typed.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void MakePanes(QWidget* source, QWidget* preview);

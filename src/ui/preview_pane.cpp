@@ -7,6 +7,8 @@
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineProfile>
 
+#include <algorithm>
+
 #include "platform/code_page.hpp"
 #include "platform/failure.hpp"
 #include "platform/text.hpp"
@@ -121,7 +123,9 @@ void PreviewPane::Connect(PreviewPage& page) {
     page.open_external = [this, &page](const QUrl& url) {
         if (IsInSource(page.url(), url) || page.MayOpen(url)) open_external(url);
     };
-    page.open_window = [this](QWebEngineNewWindowRequest& request) { OpenWindow(request); };
+    page.open_window = [this, &page](QWebEngineNewWindowRequest& request) {
+        OpenWindow(page, request);
+    };
 }
 
 void PreviewPane::Navigate(std::string_view target) {
@@ -170,7 +174,20 @@ void PreviewPane::Stop() {
     if (!page_.isNull()) page_->triggerAction(QWebEnginePage::Stop);
 }
 
-void PreviewPane::OpenWindow(QWebEngineNewWindowRequest& request) {
+std::string PreviewPane::LinksFrom(const std::string& path) const {
+    return links_from ? links_from(path) : std::string();
+}
+
+void PreviewPane::OpenWindow(const PreviewPage& from, QWebEngineNewWindowRequest& request) {
+    const std::string wanted = PathOfUrl(request.requestedUrl());
+    if (!wanted.empty() && !LinksFrom(PathOfUrl(from.url())).empty()) {
+        const QString bookmark = request.requestedUrl().fragment(QUrl::FullyDecoded);
+        const std::string target = wanted + (bookmark.isEmpty() ? "" : "#" + FromQt(bookmark));
+        // The engine waits for the answer, and may not be sent elsewhere meanwhile.
+        QMetaObject::invokeMethod(
+            this, [this, target] { Navigate(target); }, Qt::QueuedConnection);
+        return;
+    }
     auto* window = new PreviewView(stack_);
     window->setWindowFlag(Qt::Window);
     window->setAttribute(Qt::WA_DeleteOnClose);
@@ -213,6 +230,15 @@ bool PreviewPane::IsInSource(const QUrl& topic, const QUrl& address) {
     return false;
 }
 
+std::string PreviewPane::WithLinksFrom(const std::string& folder, const std::string& path) {
+    const std::string bytes = files_.ReadFile(path);
+    std::string text = DecodeText(bytes, TopicEncoding(bytes, code_page()));
+    // Behind the style sheet, which is beside the document.
+    const std::size_t end_of_head = std::min(FindIgnoringAsciiCase(text, "</HEAD"), text.size());
+    const QString base = UrlOfTopic(folder + "\\", 0).path(QUrl::FullyEncoded);
+    return text.insert(end_of_head, "<base href=\"" + FromQt(base) + "\">");
+}
+
 std::optional<std::string> PreviewPane::Substitute(const QUrl& url) {
     // A picture or a script that is missing stays missing.
     if (!opening_.remove(WithoutBookmark(url))) return std::nullopt;
@@ -225,7 +251,9 @@ std::optional<std::string> PreviewPane::Substitute(const QUrl& url) {
     }
     try {
         (void)files_.ReadFileHead(path, 0);
-        return std::nullopt;
+        const std::string folder = LinksFrom(path);
+        if (folder.empty()) return std::nullopt;
+        return WithLinksFrom(folder, path);
     } catch (const RuntimeError&) {
         return PageWith("The file " + name + " cannot be found.");
     }

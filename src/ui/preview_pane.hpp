@@ -47,6 +47,9 @@ class PreviewPane : public QObject, public WebBrowser {
     std::function<int()> code_page;
     /// Whether pages may have the file with this full path. Unset, they get none.
     std::function<bool(const std::string& path)> belongs;
+    /// The folder that the links of the document with this full path are relative to, where that
+    /// is not its own; empty for its own. Such a list of topics opens them in the pane itself.
+    std::function<std::string(const std::string& path)> links_from;
     /// Opens an address with the desktop's own program.
     std::function<void(const QUrl&)> open_external;
 
@@ -54,12 +57,16 @@ class PreviewPane : public QObject, public WebBrowser {
     void StartEngine();
     void MakePage();
     void Connect(PreviewPage& page);
-    void OpenWindow(QWebEngineNewWindowRequest& request);
+    void OpenWindow(const PreviewPage& from, QWebEngineNewWindowRequest& request);
+    [[nodiscard]] std::string LinksFrom(const std::string& path) const;
+    /// The document with its links as they are meant.
+    [[nodiscard]] std::string WithLinksFrom(const std::string& folder, const std::string& path);
     void NoteCrash();
     /// Whether the topic as written leads to the address. A script can read files, and make what
     /// it has read part of an address.
     [[nodiscard]] bool IsInSource(const QUrl& topic, const QUrl& address);
-    /// A page of ours in place of a document that is not there.
+    /// The text of a document that is not shown as its file has it, or a page of ours in place of
+    /// one that is not there.
     [[nodiscard]] std::optional<std::string> Substitute(const QUrl& url);
 
     FileSystem& files_;

@@ -5,6 +5,8 @@
 #include <QMenu>
 
 #include "ui/preview_page.hpp"
+#include "ui/print_view.hpp"
+#include "ui/theme_icon.hpp"
 
 namespace quorrel {
 
@@ -32,11 +34,14 @@ bool PreviewView::eventFilter(QObject* watched, QEvent* event) {
 
 void PreviewView::contextMenuEvent(QContextMenuEvent* event) {
     auto* menu = new QMenu(this);
+    menu->setObjectName("PreviewMenu");
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const auto action : {QWebEnginePage::Back, QWebEnginePage::Reload, QWebEnginePage::Copy,
                               QWebEnginePage::SelectAll}) {
         menu->addAction(pageAction(action));
     }
+    menu->addSeparator();
+    menu->addAction(ThemeIcon("document-print"), "&Print...", this, [this] { PrintView(*this); });
     menu->popup(event->globalPos());
 }
 

@@ -30,6 +30,7 @@
 #include "ui/project_settings_dialog.hpp"
 #include "ui/qt_text.hpp"
 #include "ui/recover_dialog.hpp"
+#include "ui/scrolled_dialog.hpp"
 #include "ui/see_also_dialog.hpp"
 #include "ui/settings_dialog.hpp"
 #include "ui/splash_dialog.hpp"
@@ -188,6 +189,7 @@ MessageAnswer QtScreen::ShowMessage(const Message& message) {
     box.setText(ToQt(message.text));
     SetButtons(box, message.buttons);
     box.setDefaultButton(ButtonOf(message.default_answer));
+    ScrollLongText(box);
     switch (box.exec()) {
         case QMessageBox::Ok:
             return MessageAnswer::kOk;

@@ -36,6 +36,7 @@ SeeAlsoDialog::SeeAlsoDialog(std::unique_ptr<FormSeeAlso> form, QWidget* parent)
     TabStrip& strip = form_->Main().window.TabStrip1;
     if (strip.Enabled) strip.SelectedIndex = left_tab::kIndex;
     key->setFocus();
+    typed_.emplace(*this);
 }
 
 QWidget* SeeAlsoDialog::MakeButtons() {
@@ -56,9 +57,13 @@ QWidget* SeeAlsoDialog::MakeButtons() {
     connect(add, &QPushButton::clicked, this, [this] { form_->Command1_Click(); });
     connect(close, &QPushButton::clicked, this, [this] {
         form_->CancelButton_Click();
-        reject();
+        QDialog::reject();
     });
     return buttons;
+}
+
+void SeeAlsoDialog::reject() {
+    if (typed_->MayBeLost()) QDialog::reject();
 }
 
 void SeeAlsoDialog::done(int result) {

@@ -4,8 +4,10 @@
 #include <QDialog>
 
 #include <memory>
+#include <optional>
 
 #include "contents/see_also.hpp"
+#include "ui/typed_text.hpp"
 
 namespace quorrel {
 
@@ -15,6 +17,7 @@ class SeeAlsoDialog : public QDialog {
   public:
     SeeAlsoDialog(std::unique_ptr<FormSeeAlso> form, QWidget* parent);
 
+    void reject() override;
     void done(int result) override;
 
   protected:
@@ -25,6 +28,7 @@ class SeeAlsoDialog : public QDialog {
     void MoveBesideIndex();
 
     std::unique_ptr<FormSeeAlso> form_;
+    std::optional<TypedText> typed_;
 };
 
 }  // namespace quorrel

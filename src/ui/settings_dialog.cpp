@@ -25,6 +25,7 @@ SettingsDialog::SettingsDialog(FormSettings& form, QWidget* parent) : QDialog(pa
     all->addStretch();
     all->addWidget(MakeButtons());
     resize(480, sizeHint().height());
+    typed_.emplace(*this);
 }
 
 QLayout* SettingsDialog::MakePathRow() {
@@ -55,11 +56,15 @@ QWidget* SettingsDialog::MakeButtons() {
         form_.OKButton_Click();
         if (form_.closed) accept();
     });
-    connect(buttons, &QDialogButtonBox::rejected, this, &SettingsDialog::reject);
+    connect(buttons, &QDialogButtonBox::rejected, this, &SettingsDialog::Leave);
     return buttons;
 }
 
 void SettingsDialog::reject() {
+    if (typed_->MayBeLost()) Leave();
+}
+
+void SettingsDialog::Leave() {
     form_.CancelButton_Click();
     QDialog::reject();
 }

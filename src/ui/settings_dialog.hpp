@@ -3,7 +3,10 @@
 
 #include <QDialog>
 
+#include <optional>
+
 #include "app/form_settings.hpp"
+#include "ui/typed_text.hpp"
 
 class QLayout;
 
@@ -19,8 +22,10 @@ class SettingsDialog : public QDialog {
   private:
     QLayout* MakePathRow();
     QWidget* MakeButtons();
+    void Leave();
 
     FormSettings& form_;
+    std::optional<TypedText> typed_;
 };
 
 }  // namespace quorrel

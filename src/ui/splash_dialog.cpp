@@ -11,7 +11,7 @@
 namespace quorrel {
 namespace {
 constexpr int kLeftOfCentre = 60;  // twips
-constexpr int kFrame = 4;
+constexpr int kFrame = 8;          // pixels on each side, with room for the shift
 }  // namespace
 
 SplashDialog::SplashDialog(const frmSplash& form)
@@ -30,7 +30,6 @@ void SplashDialog::Place() {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     QRect place(QPoint(), size());
     place.moveCenter(screen.center());
-    place.translate(-PixelsOfTwips(kLeftOfCentre), 0);
     move(place.topLeft());
 }
 
@@ -39,7 +38,10 @@ void SplashDialog::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(rect(), palette().mid());
     painter.fillRect(rect().adjusted(1, 1, -1, -1), palette().window());
-    QSvgRenderer(picture_).render(&painter, rect().adjusted(kFrame, kFrame, -kFrame, -kFrame));
+    QSvgRenderer picture(picture_);
+    QRect place(QPoint(), picture.defaultSize());
+    place.moveCenter(rect().center());
+    picture.render(&painter, place.translated(-PixelsOfTwips(kLeftOfCentre), 0));
 }
 
 void SplashDialog::keyPressEvent(QKeyEvent*) {

@@ -9,6 +9,7 @@
 #include "ui/listen.hpp"
 #include "ui/qt_text.hpp"
 #include "ui/report_list.hpp"
+#include "ui/scrolled_dialog.hpp"
 
 namespace quorrel {
 namespace {
@@ -41,7 +42,7 @@ StartupDialog::StartupDialog(FormStartup& form, QWidget* parent)
     auto* all = new QVBoxLayout(this);
     all->addLayout(upper, 1);
     all->addLayout(MakeButtons());
-    if (!settings_.RestoreGeometry("FormStartup", this)) resize(640, 380);
+    if (!settings_.RestoreGeometry("FormStartup", this)) resize(FittingSize(*this, {640, 380}));
     settings_.RestoreColumns("FormStartup", list_->header());
     if (form_.ListProjects.Count() > 0) {
         list_->setFocus();

@@ -3,12 +3,11 @@
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QMimeData>
-#include <QPrintDialog>
-#include <QPrinter>
 
 #include "platform/failure.hpp"
 #include "ui/find_bar.hpp"
 #include "ui/font_dialog.hpp"
+#include "ui/print_view.hpp"
 #include "ui/qt_text.hpp"
 #include "ui/surface_clipboard.hpp"
 #include "ui/topic_view.hpp"
@@ -183,14 +182,7 @@ void WebSurface::Search(FindBar::Step step) {
 // ---- Printing
 
 void WebSurface::Print() {
-    if (!IsReady()) return;
-    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    QPrintDialog dialog(printer.get(), view_);
-    if (dialog.exec() != QDialog::Accepted || view_.isNull()) return;
-    // The printer must live until the engine is done with it.
-    connect(
-        view_, &QWebEngineView::printFinished, this, [printer](bool) {}, Qt::SingleShotConnection);
-    view_->print(printer.get());
+    if (IsReady()) PrintView(*view_);
 }
 
 }  // namespace quorrel
