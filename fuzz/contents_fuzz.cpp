@@ -8,7 +8,9 @@ static std::string ReadAndWrite(const std::string& text, bool is_javahelp_editio
     const fuzz::QuietTrap trap;
     TopicTables tables;
     fuzz::FillTopics(tables.ListTopics);
-    const ContentsSource source{fuzz::kContentsFile, is_javahelp_edition, tables.ListTopics,
+    // Locations are read relative to the contents file and written relative to the project, so
+    // only where both lie in one folder do they stay.
+    const ContentsSource source{fuzz::kProject, is_javahelp_edition, tables.ListTopics,
                                 tables.ListAliases, trap};
     TreeView tree;
     std::string site_properties;
@@ -19,7 +21,11 @@ static std::string ReadAndWrite(const std::string& text, bool is_javahelp_editio
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::Input input(data, size);
     const bool is_javahelp_edition = input.Choice(2) == 1;
-    const std::string written = ReadAndWrite(input.RestAsText(), is_javahelp_edition);
-    (void)ReadAndWrite(written, is_javahelp_edition);
+    const auto read_and_write = [&](const std::string& text) {
+        return ReadAndWrite(text, is_javahelp_edition);
+    };
+    const std::string text = input.RestAsText();
+    if (!fuzz::EndsItsSiteProperties(text)) return 0;
+    fuzz::CheckSettles(text, read_and_write);
     return 0;
 }

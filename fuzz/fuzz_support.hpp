@@ -10,6 +10,7 @@
 #include "platform/controls/list_view.hpp"
 #include "platform/encoding.hpp"
 #include "platform/failure.hpp"
+#include "platform/text.hpp"
 #include "project/project_state.hpp"
 
 namespace quorrel::fuzz {
@@ -52,6 +53,34 @@ inline void Check(bool holds, const char* what) {
     if (holds) return;
     std::fprintf(stderr, "broken: %s\n", what);
     std::abort();
+}
+
+/// For texts: what differs is told too.
+inline void CheckSame(const std::string& now, const std::string& before, const char* what) {
+    if (now == before) return;
+    std::fprintf(stderr, "before:\n%s\nnow:\n%s\n", before.c_str(), now.c_str());
+    Check(false, what);
+}
+
+/// Reads and writes a text until it should be in the program's own form, and then once more.
+/// Foreign text may take more than one pass: an entry of which only a part could be taken gets its
+/// form by being read as it was written.
+template <typename ReadAndWrite>
+void CheckSettles(std::string text, ReadAndWrite read_and_write) {
+    constexpr int kPasses = 4;
+    for (int pass = 0; pass < kPasses; ++pass) text = read_and_write(text);
+    CheckSame(read_and_write(text), text, "the form of the program is read as it was written");
+}
+
+/// Site properties are kept with all that follows up to their end, on a later line. Others take the
+/// rest of the file along and grow with each pass.
+inline bool EndsItsSiteProperties(std::string_view text) {
+    const std::string upper = UpperAscii(text);
+    const std::size_t first = upper.find("SITE PROPERTIES");
+    if (first == npos) return true;
+    if (upper.find("SITE PROPERTIES", first + 1) != npos) return false;
+    const std::size_t end = upper.find("</OBJECT>", first);
+    return end != npos && upper.find('\n', first) < end;
 }
 
 /// A log that goes nowhere and the trap over it.

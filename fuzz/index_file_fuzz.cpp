@@ -14,7 +14,7 @@ static std::string ReadAndWrite(const std::string& text) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const fuzz::Input input(data, size);
-    (void)ReadAndWrite(ReadAndWrite(input.RestAsText()));
+    const std::string text = fuzz::Input(data, size).RestAsText();
+    if (fuzz::EndsItsSiteProperties(text)) fuzz::CheckSettles(text, ReadAndWrite);
     return 0;
 }

@@ -16,7 +16,6 @@ static std::string ReadAndWrite(const std::string& text) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text = fuzz::Input(data, size).RestAsText();
-    (void)ReadAndWrite(ReadAndWrite(text));
+    fuzz::CheckSettles(fuzz::Input(data, size).RestAsText(), ReadAndWrite);
     return 0;
 }
