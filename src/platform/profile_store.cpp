@@ -26,6 +26,8 @@ std::string ProfileStore::Get(std::string_view file, std::string_view section, s
 
 bool ProfileStore::Set(std::string_view file, std::string_view section, const ProfilePairs& pairs) {
     const std::string path = PathOf(file);
+    // What was shown to the user was not what the file says.
+    if (!texts_.Known().FailureOf(path).empty()) return false;
     try {
         std::string old_text;
         const bool exists = texts_.Files().FileExists(path);

@@ -1,6 +1,8 @@
 // The text files of a project in their encodings, and the way a generated file is put in place.
 #pragma once
 
+#include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -10,6 +12,7 @@
 #include "platform/encoding.hpp"
 #include "platform/failure.hpp"
 #include "platform/file_system.hpp"
+#include "platform/known_files.hpp"
 #include "platform/left_behind.hpp"
 #include "platform/unicode.hpp"
 
@@ -28,14 +31,18 @@ class TextFiles {
 
     /// The code page of files that say nothing else.
     [[nodiscard]] int CodePageNumber() const { return code_page_; }
-    /// Starts over for another project: what is known of files is forgotten, and the code page is
-    /// that of the project's own `Language` option, unless the machine's is fixed. An empty or
-    /// damaged option means the machine's.
-    void StartProject(std::string_view language_option);
+    /// Starts over for another project, whose files are below `folder`: what is known of files is
+    /// forgotten, and the code page is that of the machine.
+    void StartProject(std::string_view folder);
+    /// The code page becomes that of the project's own `Language` option, unless the machine's is
+    /// fixed. An empty or damaged option means the machine's.
+    void UseLanguage(std::string_view language_option);
 
     /// The text of a project file. Its encoding is kept for the next Write to this path. Raises
-    /// as FileSystem::ReadFile.
+    /// as FileSystem::ReadFile; a file that is there and cannot be read is not written any more.
     [[nodiscard]] std::string Read(std::string_view path);
+    /// The same of a file that is about to be replaced: what is known of it stays.
+    [[nodiscard]] std::string ReadAgain(std::string_view path);
     /// The same of an XML file, whose declaration tells its encoding where no mark does.
     [[nodiscard]] std::string ReadXml(std::string_view path);
     /// The bytes for a text that goes to `path`: in the encoding that the file was read in, else
@@ -56,14 +63,14 @@ class TextFiles {
         return left_behind_.Files();
     }
 
-    /// The two halves of WriteAndSwap, for files that belong together.
-    bool WriteTemporary(std::string_view path, std::string_view text, const Trap& trap);
-    bool SwapIn(std::string_view path, Backup backup, const Trap& trap);
     /// Writes `text` to `path` + ".tmp" and puts that in the place of `path`. With Backup::kKept
     /// the old file becomes `path` + ".bak", an older one of that name being deleted. Where the
     /// ".tmp" cannot be written whole, or cannot take its place, the log gets the failure, the old
     /// file stays without a ".tmp" beside it, and the result is false. The bytes are on the disk
     /// then; FileSystem::FlushNames brings the names there, once for all files of a save.
+    /// A file that could not be read stays. Where another may not be replaced, by may_replace,
+    /// `text` goes beside it with ".mine" behind the name. Both are logged as failures. A file
+    /// that another program has changed stays without a question where `text` is what was read.
     bool WriteAndSwap(std::string_view path, std::string_view text, Backup backup,
                       const Trap& trap);
 
@@ -71,9 +78,28 @@ class TextFiles {
     /// before. Where the text does not fit that, both are UTF-8.
     bool WriteXmlAndSwap(std::string_view path, std::string text, Backup backup, const Trap& trap);
 
+    /// Whether a file may be replaced although there is a doubt about it; without this it may.
+    std::function<bool(std::string_view path, Doubt doubt)> may_replace;
+    /// Before a file of which `text` was read is replaced for the first time there is a doubt, if
+    /// `text` does not look like one that has these marks.
+    void CheckKind(std::string_view path, std::string_view text,
+                   std::initializer_list<std::string_view> marks) {
+        if (!LooksLike(text, marks)) known_.NoteOtherKind(path);
+    }
+    /// Where the text goes that may not replace `path`: beside it, or into the project's folder.
+    [[nodiscard]] std::string BesideName(std::string_view path) const;
+    /// What is known of the project's files.
+    [[nodiscard]] KnownFiles& Known() { return known_; }
+
     [[nodiscard]] FileSystem& Files() const { return files_; }
 
   private:
+    enum class Replacing { kNow, kNeedless };
+    [[nodiscard]] std::string ReadBytes(std::string_view path);
+    [[nodiscard]] std::string DecodedFrom(std::string_view path, std::string_view bytes);
+    [[nodiscard]] Replacing MayReplace(std::string_view path, std::string_view bytes);
+    bool WriteTemporary(std::string_view path, std::string_view bytes, const Trap& trap);
+    bool SwapIn(std::string_view path, Backup backup, const Trap& trap);
     [[nodiscard]] bool MakeRoom(std::string_view path, Backup backup, const Trap& trap);
 
     FileSystem& files_;
@@ -82,6 +108,8 @@ class TextFiles {
     // Only files that are not plain code-page text are remembered.
     std::unordered_map<std::string, TextEncoding, IgnoringCaseHash, IgnoringCaseEqual> encodings_;
     LeftBehindFiles left_behind_;
+    KnownFiles known_;
+    std::set<std::string> put_beside_;  // files that could not be replaced
 };
 
 }  // namespace quorrel

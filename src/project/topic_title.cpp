@@ -116,8 +116,11 @@ std::optional<std::string> FindTitle(FileSystem& files, std::string_view path, i
             if (!title || IsAscii(*title)) return title;
         }
         return DecodedTitle(bytes, TopicEncoding(bytes, code_page), code_page, path, pieces);
-    } catch (const RuntimeError&) {
-        return std::nullopt;
+    } catch (const RuntimeError& error) {
+        using namespace run_time_error;
+        const bool is_missing = error.Number() == kFileNotFound || error.Number() == kPathNotFound;
+        if (is_missing || files.FolderExists(path)) return std::nullopt;
+        throw;
     }
 }
 

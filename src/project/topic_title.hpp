@@ -28,7 +28,7 @@ enum class TitlePieces { kAsFound, kTrimmed };
 
 /// The TitleText of a topic file, in its own encoding (`code_page` where it tells none, or one that
 /// the title does not fit), with no more of it read than needed. Nothing for a file that does not
-/// exist or cannot be read.
+/// exist; one that cannot be read raises as FileSystem::ReadFile.
 [[nodiscard]] std::optional<std::string> ReadTopicTitle(FileSystem& files, std::string_view path,
                                                         int code_page,
                                                         TitlePieces pieces = TitlePieces::kAsFound);

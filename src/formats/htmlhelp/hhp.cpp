@@ -163,10 +163,19 @@ void rebuildindex_Click(MainForm& main) {
     ProjectState& project = main.project;
     std::string text;
     if (!trap([&] { text = main.texts.Read(project.proj); })) return;
+    main.texts.CheckKind(project.proj, text, {"[OPTIONS]", "[FILES]"});
     ShownProgress progress(main.window.progress, static_cast<int>(CountLines(text)));
-    const TitleOfFile title_of_file = [&](const std::string& path) {
+    const TitleOfFile title_of_file =
+        [&](const std::string& path) -> std::optional<std::string> {
         progress.Next();
-        return ReadTopicTitle(main.files, path, main.texts.CodePageNumber());
+        try {
+            return ReadTopicTitle(main.files, path, main.texts.CodePageNumber());
+        } catch (const RuntimeError& error) {
+            // Its name stands for the title as long as the project is open, and is not written.
+            main.texts.Known().NoteFailure(project.proj,
+                                           main.files.NativePath(path) + ": " + error.what());
+            return std::string(AfterLast(path, '\\'));
+        }
     };
     std::string first_file =
         ReadFileList(text, project.proj_path, main.topics.ListTopics, title_of_file, trap);
@@ -185,7 +194,7 @@ void HTMLWriteProjectFile(MainForm& main) {
     }
     // Without the old text the sections of others would be lost: then nothing is written.
     std::string old_text;
-    if (!trap([&] { old_text = main.texts.Read(project.proj); })) return;
+    if (!trap([&] { old_text = main.texts.ReadAgain(project.proj); })) return;
     const std::string text = WriteProjectText(old_text, project, main.topics.ListTopics);
     main.texts.WriteAndSwap(project.proj, text, Backup::kKept, trap);
 }

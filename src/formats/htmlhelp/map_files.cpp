@@ -188,28 +188,52 @@ std::string WriteMapHeader(const ListView& ListTopics) {
     return text;
 }
 
+/// Where the aliases could not be read, nothing may be written that would be made of them.
+static void KeepWhatNeedsTheAliases(MainForm& main, const std::string& alias_file) {
+    const std::string reason = main.texts.Known().FailureOf(alias_file);
+    if (reason.empty()) return;
+    const ProjectState& project = main.project;
+    const std::string header = project.java_map_file.empty()
+                                   ? std::string(BaseName(project.proj)) + ".h"
+                                   : project.java_map_file;
+    KnownFiles& known = main.texts.Known();
+    const std::string aliases = AliasFileOf(project.proj);
+    known.NoteFailure(aliases, reason);
+    known.NoteFailure(header, reason);
+    // Written anew the project would not name another file of aliases any more.
+    if (!EqualsIgnoringCase(aliases, alias_file)) known.NoteFailure(project.proj, reason);
+}
+
 void ReadHTMLMapFiles(MainForm& main) {
     // The label is that of the JavaHelp routine, as the log file has always had it.
     const Trap trap(main.log, "MainForm ReadJavaMapFile: ");
     main.window.StatusBar1.SetPanel(1, "Reading Map Files...");
     ProjectState& project = main.project;
     const std::string folder(FolderWithBackslash(project.proj));
+    std::string alias_file;
     std::string text;
     if (trap([&] { text = main.texts.Read(project.proj); })) {
         MapFileNames names = FindMapFiles(text);
         if (!names.map_file.empty()) project.java_map_file = std::move(names.map_file);
-        if (!names.alias_file.empty() &&
-            trap([&] { text = main.texts.Read(folder + names.alias_file); })) {
-            main.texts.NoteLeftBehind(folder + names.alias_file,
-                                      ReadAliases(text, project.proj, main.topics.ListTopics));
+        if (!names.alias_file.empty()) {
+            alias_file = folder + names.alias_file;
+            if (trap([&] { text = main.texts.Read(alias_file); })) {
+                main.texts.CheckKind(alias_file, text, {"="});
+                main.texts.NoteLeftBehind(
+                    alias_file, ReadAliases(text, project.proj, main.topics.ListTopics));
+            }
         }
     }
-    if (project.java_map_file.empty()) return;
-    project.java_map_file.insert(0, folder);
-    if (trap([&] { text = main.texts.Read(project.java_map_file); })) {
-        main.texts.NoteLeftBehind(project.java_map_file, ReadMapHeader(text, main.topics.ListTopics,
-                                                                       project.next_integer));
+    if (!project.java_map_file.empty()) {
+        project.java_map_file.insert(0, folder);
+        if (trap([&] { text = main.texts.Read(project.java_map_file); })) {
+            main.texts.CheckKind(project.java_map_file, text, {"#DEFINE"});
+            main.texts.NoteLeftBehind(
+                project.java_map_file,
+                ReadMapHeader(text, main.topics.ListTopics, project.next_integer));
+        }
     }
+    KeepWhatNeedsTheAliases(main, alias_file);
 }
 
 void HTMLWriteMapFile(MainForm& main) {
@@ -219,17 +243,10 @@ void HTMLWriteMapFile(MainForm& main) {
     if (project.java_map_file.empty()) {
         project.java_map_file = std::string(BaseName(project.proj)) + ".h";
     }
-    const std::string aliases = AliasFileOf(project.proj);
-    TextFiles& texts = main.texts;
-    // A header says nothing without the aliases of its time: both change, or none.
-    const bool is_ready = texts.WriteTemporary(aliases, WriteAliases(topics, project.proj), trap) &&
-                          texts.WriteTemporary(project.java_map_file, WriteMapHeader(topics), trap);
-    const bool done = is_ready && texts.SwapIn(aliases, Backup::kNone, trap) &&
-                      texts.SwapIn(project.java_map_file, Backup::kNone, trap);
-    if (done) return;
-    for (const std::string& file : {aliases, project.java_map_file}) {
-        main.files.DeleteFile(file + ".tmp");
-    }
+    // A step each: what keeps one of them from being written says nothing about the other.
+    main.texts.WriteAndSwap(AliasFileOf(project.proj), WriteAliases(topics, project.proj),
+                            Backup::kNone, trap);
+    main.texts.WriteAndSwap(project.java_map_file, WriteMapHeader(topics), Backup::kNone, trap);
 }
 
 }  // namespace quorrel

@@ -2,6 +2,7 @@
 // line by line.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,10 @@
 #include "platform/text_lines.hpp"
 
 namespace quorrel {
+
+/// What a sitemap has one of, and a page that lies there has not.
+inline constexpr std::initializer_list<std::string_view> kSitemapMarks = {"SITEMAP", "<OBJECT",
+                                                                          "<PARAM"};
 
 /// Which tags a line holds, anywhere on it and in any case of letters.
 struct SitemapTags {

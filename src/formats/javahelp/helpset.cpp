@@ -150,17 +150,32 @@ std::string WriteHelpSet(const ProjectState& project, bool has_contents, bool ha
     return text;
 }
 
+/// The contents and the index find their topics by the map, and the HelpSet names them only where
+/// they have entries: what would be made of a part that could not be read is not written.
+static void KeepWhatNeedsFailedFiles(MainForm& main) {
+    KnownFiles& known = main.texts.Known();
+    const ProjectState& project = main.project;
+    const std::string of_map = known.FailureOf(project.java_map_file);
+    for (const std::string& file : {project.hhcfile, project.hhkfile}) {
+        if (!of_map.empty()) known.NoteFailure(file, of_map);
+        const std::string reason = known.FailureOf(file);
+        if (!reason.empty()) known.NoteFailure(project.proj, reason);
+    }
+}
+
 void ReadJavaHelpSet(MainForm& main) {
     const Trap trap(main.log, "MainForm ReadJavaHelpSet: ");
     main.window.StatusBar1.SetPanel(1, "Reading HelpSet File...");
     std::string text;
     if (trap([&] { text = main.texts.ReadXml(main.project.proj); })) {
+        main.texts.CheckKind(main.project.proj, text, {"<HELPSET", "<MAPREF", "<VIEW"});
         ReadHelpSet(text, main.project);
     }
     ReadJavaMapFile(main);
     RepairMapIds(main);
     JavaReadTOC(main);
     JavaReadIndex(main);
+    KeepWhatNeedsFailedFiles(main);
     if (main.files.FileExists(main.outline.doc_outline)) ReadDocOutline(main);
     main.texts.NoteLeftBehind(
         main.project.proj, LeftBehindInHelpSet(text, main.project, main.contents.Tree1.Count() > 0,

@@ -231,6 +231,7 @@ void JavaReadIndex(MainForm& main) {
     if (!main.files.FileExists(main.project.hhkfile)) return;
     std::string text;
     if (trap([&] { text = main.texts.ReadXml(main.project.hhkfile); })) {
+        main.texts.CheckKind(main.project.hhkfile, text, {"<INDEX"});
         main.texts.NoteLeftBehind(
             main.project.hhkfile,
             ReadIndexXml(text, main.keywords, main.topics, trap, main.project.xml_form));

@@ -136,13 +136,20 @@ void ReadJavaMapFile(MainForm& main) {
     main.window.StatusBar1.SetPanel(1, "Reading Map File...");
     std::string text;
     if (!trap([&] { text = main.texts.ReadXml(main.project.java_map_file); })) return;
+    main.texts.CheckKind(main.project.java_map_file, text, {"<MAP"});
     ShownProgress progress(main.window.progress, static_cast<int>(CountLines(text)));
     const PathOfAddress path_of_address = [&](const std::string& address) {
         return PathOf(main, address);
     };
     const TitleOfTopic title_of_topic = [&](const std::string& path) {
         progress.Next();
-        return ReadTopicTitle(main.files, path, main.texts.CodePageNumber(), TitlePieces::kTrimmed);
+        // No file of the project has the title: where it cannot be read the name will do.
+        std::optional<std::string> title = std::string(AfterLast(path, '\\'));
+        trap([&] {
+            title = ReadTopicTitle(main.files, path, main.texts.CodePageNumber(),
+                                   TitlePieces::kTrimmed);
+        });
+        return title;
     };
     main.texts.NoteLeftBehind(
         main.project.java_map_file,

@@ -95,9 +95,9 @@ void JavaReadTOC(MainForm& main) {
         ReadTocXml(text, main.topics, main.contents.Tree1, trap, main.project.xml_form);
     // Without a view of the contents the variable has the name of the index file.
     const std::string index = std::string(BaseName(main.project.proj)) + "Index.xml";
-    if (main.project.hhcfile != index) {
-        main.texts.NoteLeftBehind(main.project.hhcfile, std::move(findings));
-    }
+    if (main.project.hhcfile == index) return;
+    main.texts.CheckKind(main.project.hhcfile, text, {"<TOC"});
+    main.texts.NoteLeftBehind(main.project.hhcfile, std::move(findings));
 }
 
 void JavaWriteTOC(MainForm& main) {
