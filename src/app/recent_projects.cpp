@@ -5,6 +5,7 @@
 #include "app/main_form.hpp"
 #include "app/settings_file.hpp"
 #include "platform/text.hpp"
+#include "platform/unicode.hpp"
 
 namespace quorrel {
 namespace {
@@ -81,6 +82,21 @@ void UpdateRecentList(MainForm& main) {
         ++count;
     }
     BuildRecentMenu(main);
+}
+
+void PutFirstInRecentList(MainForm& main, bool of_javahelp_edition, const std::string& proj) {
+    const std::string_view section = RecentSection(of_javahelp_edition);
+    ProfilePairs pairs = {{"0", proj + "|"}};
+    for (int i = 0; i < RecentProjects::kLimit && pairs.size() < RecentProjects::kLimit; ++i) {
+        std::string entry = GetIni(main, section, std::to_string(i), "");
+        if (entry.empty()) break;
+        if (EqualsIgnoringCase(SplitRecentEntry(entry).path, proj)) {
+            pairs[0].second = std::move(entry);
+        } else {
+            pairs.emplace_back(std::to_string(pairs.size()), std::move(entry));
+        }
+    }
+    SetIni(main, section, pairs);
 }
 
 void WriteRecentList(MainForm& main) {

@@ -26,6 +26,9 @@ void LoadRecentList(MainForm& main);
 void BuildRecentMenu(MainForm& main);
 /// Puts the open project on top. A full list takes no new one.
 void UpdateRecentList(MainForm& main);
+/// Puts a project in front of the list that the settings file has for an edition which is not
+/// the running one.
+void PutFirstInRecentList(MainForm& main, bool of_javahelp_edition, const std::string& proj);
 /// Writes the list and two empty keys behind it.
 void WriteRecentList(MainForm& main);
 

@@ -10,6 +10,7 @@ struct SettingsState {
     std::string ini_file;
     bool is_javahelp_edition = true;
     std::string APP_NAME;
+    std::string program;   // the file of the running program, where it can be started again
     std::string main_dir;  // the installation folder, with its backslash at the end
     std::string found_main_dir;  // stands for it where the settings file names none
     std::string Template_Dir;

@@ -15,6 +15,7 @@
 #include "editor/load_file.hpp"
 #include "editor/save_html.hpp"
 #include "platform/text.hpp"
+#include "project/foreign_files.hpp"
 #include "project/open_project.hpp"
 #include "project/save_project.hpp"
 #include "project/side_files.hpp"
@@ -154,6 +155,7 @@ void LoadSettings(MainForm& main, std::string_view command_line) {
     settings.ext_editor = GetIni(main, "Settings", "exted", "");
     settings.is_javahelp_edition = !SelectsHtmlHelpEdition(command_line);
     PrepareCommands(main);
+    AskBeforeReplacing(main);
     AdaptToEdition(main);
     UpdateCaption(main);
     ResetProject(main);

@@ -52,9 +52,9 @@ int RunCli(int argc, const char* const* argv, std::istream& in, std::ostream& ou
     app.allow_windows_style_options(false);
 
     ProjectCall call;
-    app.add_option("--edition", call.edition, "The edition to run: html or javahelp")
-        ->check(CLI::IsMember({"html", "javahelp"}))
-        ->capture_default_str();
+    app.add_option("--edition", call.edition,
+                   "The edition to run: html or javahelp; without it the one of the project")
+        ->check(CLI::IsMember({"html", "javahelp"}));
 
     CLI::App* dump = app.add_subcommand("dump", "Open a project and print it as JSON");
     dump->add_option("PROJECT", call.project, "The project file (.hhp or .hs)")->required();
@@ -65,8 +65,9 @@ int RunCli(int argc, const char* const* argv, std::istream& in, std::ostream& ou
     CLI::App* convert = app.add_subcommand(
         "convert", "Make a JavaHelp project beside an HTML Help project and list its files");
     convert->add_option("PROJECT", call.project, "The project file (.hhp)")->required();
-    bool force = false;
-    convert->add_flag("--force", force, "Replace a JavaHelp project that is there already");
+    convert->add_flag("--force", call.force, "Replace a JavaHelp project that is there already");
+    resave->add_flag("--force", call.force,
+                     "Replace also files that are not the project's own or lie elsewhere");
     CLI::App* tag_value = app.add_subcommand(
         "tagvalue", "Run TagValue on lines {text, start, attribute, value, mode} of JSON");
     app.add_subcommand(
@@ -80,7 +81,7 @@ int RunCli(int argc, const char* const* argv, std::istream& in, std::ostream& ou
     try {
         if (dump->parsed()) return Dump(call, out, err, at_end);
         if (resave->parsed()) return Resave(call, all, err);
-        if (convert->parsed()) return Convert(call.project, force, out, err);
+        if (convert->parsed()) return Convert(call, out, err);
         return tag_value->parsed() ? RunTagValueLines(in, out, err) : RunPathLines(in, out, err);
     } catch (const RuntimeError& error) {
         err << "quorrel-cli: " << error.what() << '\n';

@@ -7,7 +7,6 @@
 #include "cli/cli.hpp"
 #include "cli/session.hpp"
 #include "platform/text.hpp"
-#include "project/open_project.hpp"
 
 namespace quorrel {
 namespace {
@@ -54,23 +53,20 @@ std::string ExistingFile(MainForm& main) {
 
 }  // namespace
 
-int Convert(const std::string& project, bool force, std::ostream& out, std::ostream& err) {
+int Convert(const ProjectCall& call, std::ostream& out, std::ostream& err) {
     const auto refuse = [&](const std::string& file, std::string_view why) {
         err << "quorrel-cli: " << file << ": " << why << '\n';
         return exit_code::kFailure;
     };
-    if (!LowerAscii(project).ends_with(".hhp")) {
-        return refuse(project, "not an HTML Help project (.hhp)");
+    if (!LowerAscii(call.project).ends_with(".hhp")) {
+        return refuse(call.project, "not an HTML Help project (.hhp)");
     }
     NotingFileSystem files;
-    // Such a path opens as a JavaHelp project, in the window too.
-    if (IsJavaHelpProject(files.WindowsPath(project))) {
-        return refuse(project, "a path with \".hs\" in it is that of a JavaHelp project");
-    }
-    const ProjectCall call{"javahelp", project};
-    Session session(call, files, err);
+    ProjectCall javahelp = call;
+    javahelp.edition = "javahelp";
+    Session session(javahelp, files, err);
     if (!session.Open()) return exit_code::kFailure;
-    if (const std::string file = ExistingFile(session.main); !file.empty() && !force) {
+    if (const std::string file = ExistingFile(session.main); !file.empty() && !call.force) {
         return refuse(file, "exists already; --force replaces it");
     }
     // Saving would put the topic that opening has opened in its own place.

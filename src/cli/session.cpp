@@ -5,6 +5,7 @@
 #include "app/startup.hpp"
 #include "platform/installation.hpp"
 #include "platform/text.hpp"
+#include "project/foreign_files.hpp"
 #include "project/open_project.hpp"
 #include "project/save_project.hpp"
 
@@ -48,15 +49,29 @@ bool Session::Open() {
         err_ << "quorrel-cli: " << call_.project << ": " << why << '\n';
         return false;
     }
+    const bool is_javahelp = IsJavaHelpProject(path);
+    if (is_javahelp && call_.edition == "html") {
+        err_ << "quorrel-cli: " << call_.project
+             << ": a JavaHelp project (.hs) is not for the edition html\n";
+        return false;
+    }
     main.settings.found_main_dir =
         InstallationOf(files_, files_.WindowsPath(NativeProgramFolder()));
-    LoadSettings(main, call_.edition == "javahelp" ? "" : "html");
+    LoadSettings(main, is_javahelp || call_.edition == "javahelp" ? "" : "html");
+    main.texts.may_replace = [this](std::string_view file, Doubt doubt) {
+        err_ << "quorrel-cli: " << SentenceOn(doubt, files_.NativePath(file))
+             << " --force replaces it.\n";
+        return false;
+    };
     main.project.recent_proj = path;
     OpenProject_Click(main);
     return true;
 }
 
 bool Session::Save() {
+    if (call_.force) {
+        for (const std::string& file : ProjectFiles(main)) main.texts.Known().Approve(file);
+    }
     return FileSave_Click(main);
 }
 

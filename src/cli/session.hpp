@@ -12,8 +12,9 @@
 namespace quorrel {
 
 struct ProjectCall {
-    std::string edition = "html";  // or "javahelp"
-    std::string project;           // a native path
+    std::string edition;  // "html" or "javahelp"; empty: by the ending of the project
+    std::string project;  // a native path
+    bool force = false;   // replace files about which there is a doubt
 };
 
 /// Prints what the window would tell in a box.

@@ -46,8 +46,8 @@ std::string TextFiles::ReadAgain(std::string_view path) {
     return DecodedFrom(path, files_.ReadFile(path));
 }
 
-std::string TextFiles::DecodedFrom(std::string_view path, std::string_view bytes) {
-    DecodedText decoded = DecodeProjectText(bytes, code_page_);
+std::string TextFiles::DecodedFrom(std::string_view path, std::string bytes) {
+    DecodedText decoded = DecodeProjectText(std::move(bytes), code_page_);
     if (decoded.encoding.form == TextEncoding::Form::kAnsi) {
         if (const auto known = encodings_.find(path); known != encodings_.end()) {
             encodings_.erase(known);

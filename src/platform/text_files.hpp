@@ -96,7 +96,7 @@ class TextFiles {
   private:
     enum class Replacing { kNow, kNeedless };
     [[nodiscard]] std::string ReadBytes(std::string_view path);
-    [[nodiscard]] std::string DecodedFrom(std::string_view path, std::string_view bytes);
+    [[nodiscard]] std::string DecodedFrom(std::string_view path, std::string bytes);
     [[nodiscard]] Replacing MayReplace(std::string_view path, std::string_view bytes);
     bool WriteTemporary(std::string_view path, std::string_view bytes, const Trap& trap);
     bool SwapIn(std::string_view path, Backup backup, const Trap& trap);

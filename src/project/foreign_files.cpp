@@ -59,7 +59,9 @@ std::string SentenceOn(Doubt doubt, const std::string& name) {
 void AskBeforeReplacing(MainForm& main) {
     main.texts.may_replace = [&main](std::string_view path, Doubt doubt) {
         const std::string beside = main.files.NativePath(main.texts.BesideName(path));
-        return AskYesNo(main, SentenceOn(doubt, main.files.NativePath(path)) +
+        // Without the steps up that a project file may have in it.
+        const std::string plain = main.files.WindowsPath(main.files.NativePath(path));
+        return AskYesNo(main, SentenceOn(doubt, main.files.NativePath(plain)) +
                                   "\r\n\r\nDo you want to replace it with your version? If not, "
                                   "your version is written to " +
                                   beside + ".");
@@ -67,14 +69,13 @@ void AskBeforeReplacing(MainForm& main) {
 }
 
 bool MayReplaceByConversion(MainForm& main) {
-    if (!IsConverted(main.project)) return true;
+    if (main.project.proj == main.project.opened_proj) return true;
     std::vector<std::string> others;
     for (const std::string& path : ProjectFiles(main)) {
         if (main.texts.Known().DoubtAbout(path) != Doubt::kNone) others.push_back(path);
     }
     if (others.empty()) return true;
-    if (!main.texts.may_replace_by_conversion &&
-        !AskYesNo(main, "Saving makes a JavaHelp project of " +
+    if (!AskYesNo(main, "Saving makes a JavaHelp project of " +
                             main.files.NativePath(main.project.opened_proj) +
                             ", and there is one already:\r\n" + Lines(main, others) +
                             "\r\n\r\nDo you want to replace these files?")) {
@@ -82,6 +83,22 @@ bool MayReplaceByConversion(MainForm& main) {
     }
     for (const std::string& path : others) main.texts.Known().Approve(path);
     return true;
+}
+
+void KeepFilesOfUnreadOnes(MainForm& main) {
+    KnownFiles& known = main.texts.Known();
+    const ProjectState& project = main.project;
+    std::string reason = known.FailureOf(project.proj);
+    if (!reason.starts_with(main.files.NativePath(project.proj) + ":")) reason.clear();
+    const auto failures = known.Failures();
+    if (project.proj != project.opened_proj && !failures.empty()) reason = failures[0].second;
+    if (reason.empty()) return;
+    for (const std::string& file : ProjectFiles(main)) known.NoteFailure(file, reason);
+    const std::string base(BaseName(project.proj));
+    for (const char* ending : {".h", ".hhc", ".hhk", ".jhm", "TOC.xml", "Index.xml"}) {
+        const std::string file = base + ending;
+        if (main.files.FileExists(file)) known.NoteFailure(file, reason);
+    }
 }
 
 std::string NotReadMessage(MainForm& main) {
@@ -96,8 +113,9 @@ std::string NotReadMessage(MainForm& main) {
     if (reasons.empty()) return {};
     std::string text = "Not all of this project could be read:\r\n";
     for (const std::string& reason : reasons) text.append(kLineEnd).append(reason);
-    return text + "\r\n\r\nSo that nothing is lost, a save leaves these files as they are. Open the "
-                  "project again when they can be read:\r\n" +
+    return text +
+           "\r\n\r\nSo that nothing is lost, a save leaves these files as they are. Open the "
+           "project again when they can be read:\r\n" +
            Lines(main, kept);
 }
 
@@ -112,11 +130,11 @@ void NoticeForeignChanges(MainForm& main) {
         }
     }
     if (changed.empty()) return;
-    const bool again =
-        AskYesNo(main, "Another program has changed files of this project since they were read:\r\n" +
-                           Lines(main, changed) +
-                           "\r\n\r\nDo you want to open the project again now? If not, a save asks "
-                           "before it replaces them.");
+    const bool again = AskYesNo(
+        main, "Another program has changed files of this project since they were read:\r\n" +
+                  Lines(main, changed) +
+                  "\r\n\r\nDo you want to open the project again now? If not, a save asks "
+                  "before it replaces them.");
     if (!again) return;
     main.project.recent_proj = main.project.opened_proj;
     OpenProject_Click(main);

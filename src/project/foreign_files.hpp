@@ -25,6 +25,10 @@ void AskBeforeReplacing(MainForm& main);
 /// its files. False where they are to stay.
 [[nodiscard]] bool MayReplaceByConversion(MainForm& main);
 
+/// Where the project's own file could not be read nothing is known of the others, and a project
+/// converted from what was read in part is one in part: then all of them are to stay.
+void KeepFilesOfUnreadOnes(MainForm& main);
+
 /// What could not be read, and what a save will leave as it is; empty where all was read.
 [[nodiscard]] std::string NotReadMessage(MainForm& main);
 

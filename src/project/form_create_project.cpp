@@ -4,6 +4,7 @@
 
 #include "app/main_form.hpp"
 #include "platform/text.hpp"
+#include "project/foreign_files.hpp"
 #include "project/form_new_topic.hpp"
 #include "project/open_project.hpp"
 #include "project/paths.hpp"
@@ -96,6 +97,15 @@ void FormCreateProject::NameFiles() {
     SetProj(main_, "Settings", {{"html", project.Pages_SubDir}, {"images", project.Images_Subdir}});
 }
 
+/// Where the user has said that the project which lies there goes, so do all of its files.
+void FormCreateProject::TakeOverFiles() {
+    const bool replaces = main_.files.FileExists(main_.project.proj);
+    for (const std::string& file : ProjectFiles(main_)) {
+        if (replaces) main_.texts.Known().Approve(file);
+        main_.texts.Known().NoteAbsent(file);
+    }
+}
+
 void FormCreateProject::MakeImagesFolder() {
     const Trap trap(main_.log, "FormCreateProject OKButton_Click: ");
     const std::string folder = main_.project.proj_path + "\\Images";
@@ -115,9 +125,10 @@ void FormCreateProject::OKButton_Click() {
     if (discards_changes) ClearTempFiles(main_);
     ForgetUnsavedWork(main_);
     main_.unsaved.is_open = false;
-    project.proj = EditProject.Text();
+    project.proj = project.opened_proj = EditProject.Text();
     ClearProject(main_);
-    main_.texts.StartProject({});
+    main_.texts.StartProject(BeforeLast(project.proj, '\\', {}));
+    main_.texts.UseLanguage({});
     // All of the project's files are to be written by the first save, also over those of a project
     // that is replaced.
     main_.contents.toc_dirty = main_.keywords.index_dirty = true;
@@ -125,6 +136,7 @@ void FormCreateProject::OKButton_Click() {
     project.project_dirty = true;
     project.proj_path = BeforeLast(project.proj, '\\', {});
     NameFiles();
+    TakeOverFiles();
     ReadXmlForm(main_);
     project.lngMapCount = ReadImageMapCount(main_);
     ShowBuildButtons(main_);

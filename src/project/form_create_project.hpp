@@ -45,6 +45,7 @@ class FormCreateProject : public Form {
     [[nodiscard]] bool MayReplace();
     [[nodiscard]] bool MakeProjectFolder();
     void NameFiles();
+    void TakeOverFiles();
     void MakeImagesFolder();
 
     MainForm& main_;

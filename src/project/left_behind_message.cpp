@@ -4,6 +4,7 @@
 
 #include "app/main_form.hpp"
 #include "platform/text.hpp"
+#include "project/foreign_files.hpp"
 
 namespace quorrel {
 namespace {
@@ -43,7 +44,11 @@ void TellWhatWasLeftBehind(MainForm& main, bool converts) {
         const bool is_below = path.starts_with(folder);
         return main.files.NativePath(is_below ? path.substr(folder.size()) : path);
     };
-    std::string text = LeftBehindMessage(main.texts.FilesLeftBehind(), converts, name_of);
+    std::string text = NotReadMessage(main);
+    const std::string left_behind =
+        LeftBehindMessage(main.texts.FilesLeftBehind(), converts, name_of);
+    if (!text.empty() && !left_behind.empty()) text += "\r\n\r\n";
+    text += left_behind;
     if (text.empty()) return;
     main.screen.ShowMessage(
         {std::move(text), main.settings.APP_NAME, MessageButtons::kOk, MessageIcon::kExclamation});

@@ -12,7 +12,9 @@
 #include "formats/htmlhelp/map_files.hpp"
 #include "formats/javahelp/helpset.hpp"
 #include "platform/text.hpp"
+#include "project/foreign_files.hpp"
 #include "project/left_behind_message.hpp"
+#include "project/may_open.hpp"
 #include "project/paths.hpp"
 #include "project/recovery.hpp"
 #include "project/save_project.hpp"
@@ -37,7 +39,8 @@ std::string ChooseProject(MainForm& main) {
 
 void ReadProjectSettings(MainForm& main) {
     ProjectState& project = main.project;
-    main.texts.StartProject(Gethhp(main, "OPTIONS", "Language", ""));
+    main.texts.StartProject(BeforeLast(project.proj, '\\', {}));
+    main.texts.UseLanguage(Gethhp(main, "OPTIONS", "Language", ""));
     ReadXmlForm(main);
     project.Pages_SubDir = GetProj(main, "Settings", "html", "");
     project.Images_Subdir = GetProj(main, "Settings", "images", "");
@@ -125,7 +128,11 @@ void ReadHtmlHelpProject(MainForm& main, const Trap& trap) {
     main.contents.toc_dirty = false;
     main.keywords.index_dirty = false;
     main.outline.doc_dirty = false;
-    if (main.settings.is_javahelp_edition) ConvertInMemory(main);
+    KeepFilesOfUnreadOnes(main);
+    if (main.settings.is_javahelp_edition) {
+        ConvertInMemory(main);
+        KeepFilesOfUnreadOnes(main);
+    }
     main.window.StatusBar1.SetPanel(1, "");
     OfferUnsavedWork(main);
     if (main.contents.Tree1.Count() > 0) trap([&] { OpenFirstContentsItem(main); });
@@ -139,6 +146,7 @@ void ReadHtmlHelpProject(MainForm& main, const Trap& trap) {
 
 void ReadJavaHelpProject(MainForm& main) {
     ReadJavaHelpSet(main);
+    KeepFilesOfUnreadOnes(main);
     if (main.project.project_title.empty()) main.project.project_title = "Untitled";
     UpdateCaption(main);
     main.editor.ActiveDirty = false;
@@ -177,7 +185,7 @@ void ShowBuildButtons(MainForm& main) {
 }
 
 bool IsJavaHelpProject(std::string_view proj) {
-    return Contains(proj, ".hs");
+    return LowerAscii(proj).ends_with(".hs");
 }
 
 void UpdateCaption(MainForm& main) {
@@ -192,13 +200,13 @@ void OpenProject_Click(MainForm& main) {
     const int answer = PromptSaveChanges(main);
     if (answer == save_prompt::kCancelled) return;
     if (chosen.empty()) chosen = ChooseProject(main);
-    if (chosen.empty()) return;
+    if (chosen.empty() || !MayOpen(main, chosen)) return;
     if (answer == save_prompt::kDiscarded) ClearTempFiles(main);
     ProjectState& project = main.project;
     ForgetUnsavedWork(main);  // saved, or given up
     main.unsaved.is_open = false;
     const bool converts = main.settings.is_javahelp_edition && !IsJavaHelpProject(chosen);
-    project.proj = std::move(chosen);
+    project.proj = project.opened_proj = std::move(chosen);
     const Trap trap(main.log, "MainForm OpenProject Click: ");
     main.project.proj_success = true;
     ReadProjectSettings(main);
@@ -217,6 +225,7 @@ void OpenProject_Click(MainForm& main) {
     }
     project.lngMapCount = ReadImageMapCount(main);
     MarkTakenBackWork(main);
+    for (const std::string& file : ProjectFiles(main)) main.texts.Known().NoteAbsent(file);
     TellWhatWasLeftBehind(main, converts);
 }
 

@@ -27,7 +27,7 @@ void ShowBuildButtons(MainForm& main);
 /// The caption of the main window: the program's name, and the project's title if one is open.
 void UpdateCaption(MainForm& main);
 
-/// True for a path that counts as a JavaHelp project, whatever its ending: ".hs" stands in it.
+/// True for the path of a JavaHelp project: its file ends in ".hs", in any case of letters.
 [[nodiscard]] bool IsJavaHelpProject(std::string_view proj);
 
 }  // namespace quorrel

@@ -15,6 +15,7 @@ enum class XmlForm { kAsTyped, kEscaped };
 /// All paths are full Windows paths unless stated.
 struct ProjectState {
     std::string proj;           // the project file, .hs or .hhp
+    std::string opened_proj;    // the file that was opened: of a project just converted, the .hhp
     std::string proj_path;      // its folder, without a backslash at the end
     std::string hhcfile;        // contents file
     std::string hhkfile;        // index file

@@ -20,6 +20,7 @@
 #include "formats/javahelp/toc_xml.hpp"
 #include "platform/text.hpp"
 #include "platform/unicode.hpp"
+#include "project/foreign_files.hpp"
 #include "project/paths.hpp"
 #include "project/side_files.hpp"
 #include "project/topic_properties.hpp"
@@ -171,8 +172,13 @@ void KeepJavaHelpFilesApart(ProjectState& project) {
 }
 
 void WriteProjectFiles(MainForm& main, const Trap& trap) {
-    if (main.settings.is_javahelp_edition) {
+    if (main.project.help_mode == 1) {
         KeepJavaHelpFilesApart(main.project);
+        if (!MayReplaceByConversion(main)) {
+            return main.log.Write(
+                kSaveProject, run_time_error::kFileExists,
+                main.files.NativePath(main.project.proj) + " and its files were not replaced");
+        }
         trap([&] { OfferXmlForm(main); });
         trap([&] { JavaWriteTOC(main); });
         trap([&] { JavaWriteIndex(main); });

@@ -77,6 +77,7 @@ int main(int argc, char** argv) {
     MainForm main_form({files, screen, surface, source, preview, shell},
                        files.WindowsPath(NativeSettingsFolder()));
     screen.help_wanted = [&](std::string_view form) { ShowHelp(main_form, HelpIdentifier(form)); };
+    main_form.settings.program = QCoreApplication::applicationFilePath().toStdString();
     MainWindow window(main_form, surface, source.Widget(), preview);
     QObject::connect(&window, &MainWindow::Closed, &app, &QCoreApplication::quit,
                      Qt::QueuedConnection);

@@ -8,6 +8,7 @@
 #include <QOpenGLWidget>
 #include <QScopeGuard>
 #include <QStatusBar>
+#include <QTimer>
 
 #include "app/failed_step.hpp"
 #include "app/main_form.hpp"
@@ -16,6 +17,7 @@
 #include "documents/topic_report.hpp"
 #include "platform/text.hpp"
 #include "platform/unicode.hpp"
+#include "project/foreign_files.hpp"
 #include "project/open_topic.hpp"
 #include "project/project_files.hpp"
 #include "project/unsaved_work.hpp"
@@ -243,8 +245,18 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     Form_Unload(main_);
 }
 
+void MainWindow::LookAtProjectFiles() {
+    const bool is_free = isActiveWindow() && QApplication::activeModalWidget() == nullptr &&
+                         main_.window.window.Enabled() && !main_.DHTMLEdit1.Busy();
+    if (is_free && was_shown_ && !is_closed_) NoticeForeignChanges(main_);
+}
+
 void MainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
+    // Not from within the event, which may come while a question is being closed.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        QTimer::singleShot(0, this, [this] { LookAtProjectFiles(); });
+    }
     if (event->type() != QEvent::PaletteChange || bars_ == nullptr) return;
     ChooseIconTheme(palette());
     bars_->ShowIcons();

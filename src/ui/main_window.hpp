@@ -50,6 +50,7 @@ class MainWindow : public QMainWindow {
     void FollowUnsavedWork();
     void ShowFirstTime();
     void Remember();
+    void LookAtProjectFiles();
     void ShowGuide(std::string_view identifier);
     void OpenLink(const std::string& path, const QString& bookmark);
 

@@ -110,7 +110,7 @@ TEST_F(Commands, TheTabDecidesWhatCanBeUsed) {
 TEST_F(Commands, OpeningAProjectShowsTheButtonsOfItsKind) {
     folder.Write("j/x.hs", "<helpset><title>J</title></helpset>");
     const std::tuple<const char*, const char*, bool> cases[] = {
-        {"html", "p/guide.hhp", true}, {"html", "j/x.hs", false}, {"", "p/guide.hhp", false}};
+        {"html", "p/guide.hhp", true}, {"", "j/x.hs", false}, {"", "p/guide.hhp", false}};
     for (const auto& [edition, project, compiles] : cases) {
         OpenGuide();
         LoadSettings(main, edition);

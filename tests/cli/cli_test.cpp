@@ -136,5 +136,30 @@ TEST_F(Cli, RunsRoutinesOnLines) {
     EXPECT_EQ(RunProgram({"paths"}, "{\"fn\":\"Nothing\",\"args\":[\"\"]}").code, 2);
 }
 
+TEST_F(Cli, TheProjectTellsTheEdition) {
+    folder.Write("g.HS", "<helpset><title>J</title></helpset>");
+    const std::string file = folder.Native("g.HS");
+    EXPECT_NE(RunProgram({"dump", file.c_str()}).out.find("\"edition\":\"javahelp\""),
+              std::string::npos);
+    const Outcome refused = RunProgram({"--edition", "html", "resave", file.c_str()});
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_NE(refused.err.find("is not for the edition html"), std::string::npos) << refused.err;
+    EXPECT_EQ(folder.Read("g.HS"), "<helpset><title>J</title></helpset>");
+}
+
+TEST_F(Cli, OnlyForceReplacesAFileElsewhere) {
+    folder.Write("victim.h", "a letter");
+    folder.Write("p/g.hhp", "[FILES]\r\n[MAP]\r\n#include ..\\victim.h\r\n");
+    const std::string file = folder.Native("p/g.hhp");
+    const Outcome refused = RunProgram({"resave", file.c_str()});
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_NE(refused.err.find("victim.h is not in the folder of this project. --force"),
+              std::string::npos)
+        << refused.err;
+    EXPECT_EQ(folder.Read("victim.h"), "a letter");
+    EXPECT_EQ(RunProgram({"resave", "--force", file.c_str()}).code, 0);
+    EXPECT_EQ(folder.Read("victim.h"), "");
+}
+
 }  // namespace
 }  // namespace quorrel

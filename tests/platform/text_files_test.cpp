@@ -73,12 +73,12 @@ TEST_F(TextFilesTest, EncodingOfTheLastReadIsWritten) {
 
 TEST_F(TextFilesTest, ProjectChoosesThePageUnlessTheMachineIsFixed) {
     EXPECT_EQ(texts.CodePageNumber(), 1251);
-    texts.StartProject("0x411 Japanese");
+    texts.UseLanguage("0x411 Japanese");
     EXPECT_EQ(texts.CodePageNumber(), 932);
-    texts.StartProject("damaged");
+    texts.UseLanguage("damaged");
     EXPECT_EQ(texts.CodePageNumber(), 1251);
     TextFiles fixed(files, {1253, true});
-    fixed.StartProject("0x411 Japanese");
+    fixed.UseLanguage("0x411 Japanese");
     EXPECT_EQ(fixed.CodePageNumber(), 1253);
 }
 

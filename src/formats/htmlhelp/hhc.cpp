@@ -255,7 +255,7 @@ void ReadTreeFile(MainForm& main, const std::string& file, std::string_view stat
     main.window.StatusBar1.SetPanel(1, std::string(status));
     std::string text;
     if (!trap([&] { text = main.texts.Read(file); })) return;
-    main.texts.CheckKind(file, text, kSitemapMarks);
+    CheckSitemapKind(main.texts, file, text);
     const ContentsSource source{file, main.settings.is_javahelp_edition, main.topics.ListTopics,
                                 main.topics.ListAliases, trap};
     main.texts.NoteLeftBehind(file, ReadContents(text, source, tree, site_properties));

@@ -210,7 +210,7 @@ void ReadIndex(MainForm& main) {
     main.keywords.site_properties_index.clear();
     std::string text;
     if (!trap([&] { text = main.texts.Read(main.project.hhkfile); })) return;
-    main.texts.CheckKind(main.project.hhkfile, text, kSitemapMarks);
+    CheckSitemapKind(main.texts, main.project.hhkfile, text);
     main.texts.NoteLeftBehind(
         main.project.hhkfile,
         ReadKeywords(text, main.project.proj_path, main.keywords, main.topics.ListTopics, trap));

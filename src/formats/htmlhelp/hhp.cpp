@@ -165,8 +165,7 @@ void rebuildindex_Click(MainForm& main) {
     if (!trap([&] { text = main.texts.Read(project.proj); })) return;
     main.texts.CheckKind(project.proj, text, {"[OPTIONS]", "[FILES]"});
     ShownProgress progress(main.window.progress, static_cast<int>(CountLines(text)));
-    const TitleOfFile title_of_file =
-        [&](const std::string& path) -> std::optional<std::string> {
+    const TitleOfFile title_of_file = [&](const std::string& path) -> std::optional<std::string> {
         progress.Next();
         try {
             return ReadTopicTitle(main.files, path, main.texts.CodePageNumber());

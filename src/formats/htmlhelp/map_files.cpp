@@ -219,8 +219,8 @@ void ReadHTMLMapFiles(MainForm& main) {
             alias_file = folder + names.alias_file;
             if (trap([&] { text = main.texts.Read(alias_file); })) {
                 main.texts.CheckKind(alias_file, text, {"="});
-                main.texts.NoteLeftBehind(
-                    alias_file, ReadAliases(text, project.proj, main.topics.ListTopics));
+                main.texts.NoteLeftBehind(alias_file,
+                                          ReadAliases(text, project.proj, main.topics.ListTopics));
             }
         }
     }

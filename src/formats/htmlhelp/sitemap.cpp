@@ -13,6 +13,10 @@ static bool StartsWithUpper(std::string_view text, std::string_view upper) {
     return true;
 }
 
+void CheckSitemapKind(TextFiles& texts, std::string_view file, std::string_view text) {
+    texts.CheckKind(file, text, {"SITEMAP", "<OBJECT", "<PARAM"});
+}
+
 SitemapTags FindSitemapTags(std::string_view line) {
     SitemapTags tags;
     for (std::size_t at = line.find('<'); at != npos; at = line.find('<', at + 1)) {

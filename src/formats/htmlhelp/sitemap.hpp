@@ -2,18 +2,17 @@
 // line by line.
 #pragma once
 
-#include <initializer_list>
 #include <string>
 #include <string_view>
 
 #include "platform/failure.hpp"
+#include "platform/text_files.hpp"
 #include "platform/text_lines.hpp"
 
 namespace quorrel {
 
-/// What a sitemap has one of, and a page that lies there has not.
-inline constexpr std::initializer_list<std::string_view> kSitemapMarks = {"SITEMAP", "<OBJECT",
-                                                                          "<PARAM"};
+/// Notes a file that lies in the place of a sitemap and is another page (TextFiles::CheckKind).
+void CheckSitemapKind(TextFiles& texts, std::string_view file, std::string_view text);
 
 /// Which tags a line holds, anywhere on it and in any case of letters.
 struct SitemapTags {
