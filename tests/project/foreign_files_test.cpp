@@ -140,6 +140,7 @@ TEST_F(ForeignFiles, AJavaHelpProjectIsNotOpenedInTheHtmlHelpEdition) {
     screen.ExpectMessageWith("is a JavaHelp project");
     Open("p/X.HS");
     EXPECT_EQ(main.project.proj, folder.Windows("my.hsx/g.hhp"));
+    screen.ExpectMessageWith("cannot be taken over in full");  // short as it is
     Open("p/X.HS", "");
     EXPECT_EQ(main.project.help_mode, 1);
 }
