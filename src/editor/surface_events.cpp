@@ -35,7 +35,8 @@ std::string_view TextOf(EngineLoss loss) {
                    "what you did to it so far can no longer be undone.";
         case EngineLoss::kLastWords:
             return "The web engine stopped and was started again. Your topic is shown as it was a "
-                   "moment before: look whether the last words are there.";
+                   "moment before, with the caret at its start: look whether the last words are "
+                   "there.";
         case EngineLoss::kView:
             return "The web engine stops whenever it shows this topic.\r\n\r\nThe text is kept "
                    "with what you have typed. You can save it, and go on with it on the tab \"HTML "
@@ -95,7 +96,7 @@ void DHTMLEdit1_DisplayChanged(MainForm& main) {
 
 void DHTMLEdit1_EngineLost(MainForm& main, EngineLoss loss) {
     main.screen.ShowMessage({std::string(TextOf(loss)), main.settings.APP_NAME, MessageButtons::kOk,
-                             MessageIcon::kExclamation});
+                             MessageIcon::kExclamation, MessageAnswer::kOk, true});
 }
 
 }  // namespace quorrel

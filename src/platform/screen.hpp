@@ -32,6 +32,9 @@ struct Message {
     MessageIcon icon = MessageIcon::kNone;
     /// What the Enter key answers.
     MessageAnswer default_answer = MessageAnswer::kYes;
+    /// It comes by itself, maybe in the middle of a word: keys that were meant for a text do not
+    /// answer it.
+    bool unasked = false;
 };
 
 /// A request for a file. The filter has the classic form "Text|*.a;*.b|Text|*.c".

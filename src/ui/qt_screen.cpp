@@ -1,8 +1,10 @@
 #include "ui/qt_screen.hpp"
 
+#include <QAbstractButton>
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QClipboard>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -41,6 +43,27 @@ namespace quorrel {
 namespace {
 
 constexpr const char* kLastFolder = "lastFolder";
+
+/// Keeps the keys of somebody who types on from a message until they have rested. Keys alone:
+/// the pointer is moved on purpose.
+class TypedKeysFilter : public QObject {
+  public:
+    explicit TypedKeysFilter(QMessageBox& box) : QObject(&box) {
+        last_key_.start();
+        box.installEventFilter(this);
+        for (QAbstractButton* button : box.buttons()) button->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
+        constexpr qint64 kRest = 1000;  // milliseconds; longer than between two words
+        const bool is_typed_on = last_key_.elapsed() < kRest;
+        last_key_.restart();
+        return is_typed_on;
+    }
+
+  private:
+    QElapsedTimer last_key_;
+};
 
 /// The dialog in front, else the main window.
 QWidget* ParentForDialog() {
@@ -190,6 +213,7 @@ MessageAnswer QtScreen::ShowMessage(const Message& message) {
     SetButtons(box, message.buttons);
     box.setDefaultButton(ButtonOf(message.default_answer));
     ScrollLongText(box);
+    if (message.unasked) new TypedKeysFilter(box);
     switch (box.exec()) {
         case QMessageBox::Ok:
             return MessageAnswer::kOk;

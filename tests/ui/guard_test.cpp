@@ -19,7 +19,7 @@ class Guard : public WindowFixture {
             const std::string shown = static_cast<QMessageBox&>(box).text().toStdString();
             EXPECT_EQ(shown, "The last step could not be finished:\r\n\r\n" + text +
                                  "\r\n\r\nYour work is still open. Save it before you go on.");
-            QTest::keyClick(&box, Qt::Key_Return);
+            static_cast<QMessageBox&>(box).button(QMessageBox::Ok)->click();
         });
     }
     bool AllAreTold() {
