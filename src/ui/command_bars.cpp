@@ -107,7 +107,11 @@ void CommandBars::MakeMenu(const Menu& menu) {
             QMenu* made = window_->menuBar()->addMenu(MenuText(std::string(menu.caption)));
             Fill(made, menu);
             MenuEntry& model = EntryOf(main_.window, menu.name);
-            const auto follow = [made, &model] {
+            const QString text = MenuText(std::string(menu.caption));
+            const auto follow = [made, &model, text] {
+                // The bar takes the letter of a disabled menu too, and does nothing with it.
+                QString shown = text;
+                made->menuAction()->setText(model.Enabled() ? text : shown.remove('&'));
                 made->menuAction()->setEnabled(model.Enabled());
                 made->menuAction()->setVisible(model.Visible());
             };
