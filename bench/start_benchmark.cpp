@@ -71,7 +71,7 @@ int Program() {
     MainForm main_form({files, screen, surface, source, preview, shell},
                        files.WindowsPath(NativeSettingsFolder()));
     preview.code_page = [&] { return main_form.texts.CodePageNumber(); };
-    MainWindow window(main_form, surface, source.Widget(), preview.Widget());
+    MainWindow window(main_form, surface, source.Widget(), preview);
     QTimer watch;
     bool was_startup = false;
     QObject::connect(&watch, &QTimer::timeout, [&] {
