@@ -13,6 +13,7 @@
 #include "app/form_settings.hpp"
 #include "project/form_project_settings.hpp"
 #include "project/new_topic.hpp"
+#include "ui/appearance.hpp"
 #include "ui/qt_text.hpp"
 #include "ui/theme_icon.hpp"
 #include "ui/window_fixture.hpp"
@@ -137,6 +138,8 @@ TEST_F(Dialogs, ALongMessageScrolls) {
 }
 
 TEST(ThemeIcon, IsPaleWhereItsCommandIsDisabled) {
+    LoadPictures();
+    ChooseIconTheme(QPalette());
     const QIcon icon = ThemeIcon("document-save");
     ASSERT_FALSE(icon.isNull());
     const auto strongest = [&](QIcon::Mode mode, qreal scale) {
